@@ -1,0 +1,20 @@
+# Reads resources/build-info.conf (key = value lines) and writes generated/build_info.h, so that
+# the maker's block of the title screen and the web addresses come from the build's configuration.
+set(_info_file ${CMAKE_CURRENT_SOURCE_DIR}/resources/build-info.conf)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${_info_file})
+file(STRINGS ${_info_file} _lines)
+set(_body "")
+foreach(_line IN LISTS _lines)
+  if(_line MATCHES "^[ \t]*#" OR NOT _line MATCHES "=")
+    continue()
+  endif()
+  string(REGEX REPLACE "^[ \t]*([A-Za-z0-9_]+)[ \t]*=.*$" "\\1" _key "${_line}")
+  string(REGEX REPLACE "^[^=]*=[ \t]*(.*)$" "\\1" _value "${_line}")
+  string(STRIP "${_value}" _value)
+  string(REPLACE "\\" "\\\\" _value "${_value}")
+  string(REPLACE "\"" "\\\"" _value "${_value}")
+  string(APPEND _body "inline constexpr const char* ${_key} = \"${_value}\";\n")
+endforeach()
+file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/generated/build_info.h.in
+  "// Generated from resources/build-info.conf; do not edit.\n#pragma once\n\nnamespace zandolt::build_info {\n${_body}} // namespace zandolt::build_info\n")
+configure_file(${CMAKE_CURRENT_BINARY_DIR}/generated/build_info.h.in ${CMAKE_CURRENT_BINARY_DIR}/generated/build_info.h COPYONLY)

@@ -1,0 +1,52 @@
+// Files as the system uses them. A name is resolved case-insensitively inside its directory, since
+// the system's file names come in several spellings. Shared files are read, appended to and
+// replaced under a short advisory lock; "busy" means another station holds the file right now and
+// the caller retries by its own rules.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zandolt {
+
+enum class FileResult { Ok, NotFound, Busy, Failed };
+
+struct DirEntry
+{
+    std::string name;
+    bool isDirectory = false;
+};
+
+class Files
+{
+public:
+    virtual ~Files() = default;
+
+    // The existing file whose name matches the last part of path without regard to case, or path
+    // itself when none does. A directory part is resolved the same way.
+    virtual std::string resolve(const std::string& path) = 0;
+    virtual bool exists(const std::string& path) = 0;
+    virtual bool isDirectory(const std::string& path) = 0;
+    // The modification time as text, empty when the file does not exist.
+    virtual std::string modTimeText(const std::string& path) = 0;
+    virtual std::int64_t size(const std::string& path) = 0;
+
+    // The whole file, taken under a shared lock.
+    virtual FileResult readAll(const std::string& path, std::string& out) = 0;
+    // Appends under an exclusive lock, creating the file when it is missing.
+    virtual FileResult append(const std::string& path, const std::string& data) = 0;
+    // Replaces the whole file: written beside it and renamed over it, so that no reader ever sees
+    // half of it.
+    virtual FileResult replace(const std::string& path, const std::string& data) = 0;
+
+    virtual std::vector<DirEntry> list(const std::string& directory) = 0;
+    virtual bool copy(const std::string& from, const std::string& to) = 0; // keeps the modification time
+    virtual bool rename(const std::string& from, const std::string& to) = 0;
+    virtual bool remove(const std::string& path) = 0;
+    virtual bool makeDirectory(const std::string& path) = 0;
+    // The process's current directory, without a separator at its end.
+    virtual std::string currentDirectory() = 0;
+};
+
+} // namespace zandolt

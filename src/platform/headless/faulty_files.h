@@ -1,0 +1,66 @@
+// Real files with faults on demand: the next n reads, appends or replacements answer busy or
+// failed, as when another station holds a shared file.
+#pragma once
+
+#include "platform/files.h"
+
+namespace zandolt::headless {
+
+class FaultyFiles : public Files
+{
+public:
+    explicit FaultyFiles(Files& real) : real_(real) {}
+
+    void failReads(int n, FileResult how = FileResult::Busy) { reads_ = {n, how}; }
+    void failAppends(int n, FileResult how = FileResult::Busy) { appends_ = {n, how}; }
+    void failReplaces(int n, FileResult how = FileResult::Busy) { replaces_ = {n, how}; }
+    int readAttempts() const { return readAttempts_; }
+    int appendAttempts() const { return appendAttempts_; }
+    int replaceAttempts() const { return replaceAttempts_; }
+
+    std::string resolve(const std::string& p) override { return real_.resolve(p); }
+    bool exists(const std::string& p) override { return real_.exists(p); }
+    bool isDirectory(const std::string& p) override { return real_.isDirectory(p); }
+    std::string modTimeText(const std::string& p) override { return real_.modTimeText(p); }
+    std::int64_t size(const std::string& p) override { return real_.size(p); }
+    FileResult readAll(const std::string& p, std::string& out) override
+    {
+        ++readAttempts_;
+        return reads_.take() ? reads_.how : real_.readAll(p, out);
+    }
+    FileResult append(const std::string& p, const std::string& data) override
+    {
+        ++appendAttempts_;
+        return appends_.take() ? appends_.how : real_.append(p, data);
+    }
+    FileResult replace(const std::string& p, const std::string& data) override
+    {
+        ++replaceAttempts_;
+        return replaces_.take() ? replaces_.how : real_.replace(p, data);
+    }
+    std::vector<DirEntry> list(const std::string& d) override { return real_.list(d); }
+    bool copy(const std::string& a, const std::string& b) override { return real_.copy(a, b); }
+    bool rename(const std::string& a, const std::string& b) override { return real_.rename(a, b); }
+    bool remove(const std::string& p) override { return real_.remove(p); }
+    bool makeDirectory(const std::string& p) override { return real_.makeDirectory(p); }
+    std::string currentDirectory() override { return real_.currentDirectory(); }
+
+private:
+    struct Fault
+    {
+        int left = 0;
+        FileResult how = FileResult::Busy;
+        bool take()
+        {
+            if (left <= 0)
+                return false;
+            --left;
+            return true;
+        }
+    };
+    Files& real_;
+    Fault reads_, appends_, replaces_;
+    int readAttempts_ = 0, appendAttempts_ = 0, replaceAttempts_ = 0;
+};
+
+} // namespace zandolt::headless

@@ -1,0 +1,15 @@
+#include "platform/headless/headless_backend.h"
+
+namespace zandolt::headless {
+
+HeadlessBackend::HeadlessBackend(const std::string& programDirectory)
+    : ui(clock), serial(ui), realFiles(programDirectory), files(realFiles)
+{
+}
+
+Services HeadlessBackend::services()
+{
+    return Services{ui, clock, serial, printer, files, programs, locale};
+}
+
+} // namespace zandolt::headless

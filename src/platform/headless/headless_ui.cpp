@@ -1,0 +1,254 @@
+#include "platform/headless/headless_ui.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace zandolt::headless {
+
+HeadlessUi::HeadlessUi(VirtualClock& clock) : clock_(clock) {}
+
+// ---- windows ---------------------------------------------------------------------------------------------
+
+void HeadlessUi::formLoaded(Form& form)
+{
+    zOrder_.insert(zOrder_.begin(), &form);
+    for (Control* c : form.controls())
+        if (c->kind() == ControlKind::Timer)
+            schedule(*c);
+}
+
+void HeadlessUi::formUnloaded(Form& form)
+{
+    // The controls may already be gone (the program is ending), so only pointers are compared.
+    for (auto it = timers_.begin(); it != timers_.end();)
+        it = it->second.form == &form ? timers_.erase(it) : std::next(it);
+    zOrder_.erase(std::remove(zOrder_.begin(), zOrder_.end(), &form), zOrder_.end());
+    if (focus_ && &focus_->form() == &form)
+        focus_ = nullptr;
+}
+
+void HeadlessUi::formShown(Form& form, bool modal)
+{
+    formZOrder(form, 0);
+    if (!modal)
+        return;
+    modals_.push_back({form.name(), form.caption(), now()});
+    auto script = modalScripts_.find(form.name());
+    if (script != modalScripts_.end() && !script->second.empty()) {
+        auto action = std::move(script->second.front());
+        script->second.pop_front();
+        action(form);
+    }
+    const std::int64_t start = now();
+    while (form.loaded() && form.visible()) {
+        if (!posted_.empty()) {
+            deliverPosted();
+            continue;
+        }
+        Control* t = nextTimer(std::numeric_limits<std::int64_t>::max());
+        if (!t)
+            throw UnscriptedQuestion("The modal window " + describe(form) +
+                                     " waits for an answer that no script gives");
+        if (timers_[t].due - start > modalLimitMs_)
+            throw UnscriptedQuestion("The modal window " + describe(form) + " is still open after " +
+                                     std::to_string(modalLimitMs_ / 1000) + " s of virtual time");
+        fire(t);
+    }
+}
+
+void HeadlessUi::formHidden(Form&) {}
+
+void HeadlessUi::formChanged(Form&, Prop) {}
+
+void HeadlessUi::formZOrder(Form& form, int position)
+{
+    zOrder_.erase(std::remove(zOrder_.begin(), zOrder_.end(), &form), zOrder_.end());
+    if (position == 0)
+        zOrder_.push_back(&form);
+    else
+        zOrder_.insert(zOrder_.begin(), &form);
+}
+
+void HeadlessUi::controlChanged(Control& control, Prop prop)
+{
+    if (control.kind() == ControlKind::Timer && (prop == Prop::Interval || prop == Prop::Enabled))
+        schedule(control);
+}
+
+void HeadlessUi::menuChanged(MenuItem&) {}
+
+void HeadlessUi::focusChanged(Control& control)
+{
+    focus_ = &control;
+}
+
+std::string HeadlessUi::describe(const Form& form) const
+{
+    std::string d = form.name() + " \"" + form.caption() + "\"";
+    for (const Control* c : form.controls())
+        if (c->kind() == ControlKind::Label && c->visible() && !c->caption().empty())
+            d += " [" + c->caption() + "]";
+    return d;
+}
+
+// ---- dialogs ---------------------------------------------------------------------------------------------
+
+int HeadlessUi::msgBox(const std::string& prompt, int buttons, const std::string& title)
+{
+    int answer = 0;
+    auto it = std::find_if(msgAnswers_.begin(), msgAnswers_.end(),
+                           [&](const auto& a) { return prompt.find(a.first) != std::string::npos; });
+    if (it != msgAnswers_.end()) {
+        answer = it->second;
+        msgAnswers_.erase(it);
+    } else if ((buttons & msgbox::ButtonMask) == msgbox::OKOnly) {
+        answer = msgbox::OK;
+    } else {
+        throw UnscriptedQuestion("A message box asks \"" + prompt + "\" and no script answers it");
+    }
+    messages_.push_back({prompt, title, buttons, answer, now()});
+    return answer;
+}
+
+std::string HeadlessUi::inputBox(const std::string& prompt, const std::string& title, const std::string&)
+{
+    auto it = std::find_if(inputAnswers_.begin(), inputAnswers_.end(),
+                           [&](const auto& a) { return prompt.find(a.first) != std::string::npos; });
+    if (it == inputAnswers_.end())
+        throw UnscriptedQuestion("An input box asks \"" + prompt + "\" and no script answers it");
+    std::string answer = it->second;
+    inputAnswers_.erase(it);
+    messages_.push_back({prompt, title, -1, 0, now()});
+    return answer;
+}
+
+void HeadlessUi::beep()
+{
+    beeps_.push_back(now());
+}
+
+void HeadlessUi::onModal(const std::string& formName, std::function<void(Form&)> action)
+{
+    modalScripts_[formName].push_back(std::move(action));
+}
+
+void HeadlessUi::answerMsgBox(const std::string& promptPart, int answer)
+{
+    msgAnswers_.emplace_back(promptPart, answer);
+}
+
+void HeadlessUi::answerInputBox(const std::string& promptPart, const std::string& answer)
+{
+    inputAnswers_.emplace_back(promptPart, answer);
+}
+
+void HeadlessUi::clearRecords()
+{
+    messages_.clear();
+    modals_.clear();
+    beeps_.clear();
+}
+
+// ---- time ------------------------------------------------------------------------------------------------
+
+void HeadlessUi::schedule(Control& timer)
+{
+    Form& form = timer.form();
+    if (!form.loaded() || !timer.enabled() || timer.interval() <= 0) {
+        timers_.erase(&timer);
+        return;
+    }
+    TimerEntry& e = timers_[&timer];
+    e.form = &form;
+    e.due = now() + timer.interval();
+    e.seq = ++seq_;
+}
+
+std::int64_t HeadlessUi::timerDueIn(const Control& timer) const
+{
+    auto it = timers_.find(const_cast<Control*>(&timer));
+    return it == timers_.end() ? -1 : it->second.due - now();
+}
+
+Control* HeadlessUi::nextTimer(std::int64_t notAfter) const
+{
+    Control* best = nullptr;
+    const TimerEntry* b = nullptr;
+    for (const auto& [control, e] : timers_) {
+        if (e.firing || e.due > notAfter)
+            continue;
+        if (!b || e.due < b->due || (e.due == b->due && e.seq < b->seq)) {
+            best = control;
+            b = &e;
+        }
+    }
+    return best;
+}
+
+void HeadlessUi::fire(Control* timer)
+{
+    TimerEntry& e = timers_[timer];
+    clock_.advanceTo(e.due);
+    e.due = std::max(e.due, now()) + timer->interval();
+    e.seq = ++seq_;
+    e.firing = true;
+    timer->fireTimer();
+    auto it = timers_.find(timer);
+    if (it != timers_.end())
+        it->second.firing = false;
+}
+
+void HeadlessUi::post(std::function<void()> event)
+{
+    posted_.push_back(std::move(event));
+}
+
+void HeadlessUi::deliverPosted()
+{
+    size_t n = posted_.size();
+    while (n-- > 0 && !posted_.empty()) {
+        auto event = std::move(posted_.front());
+        posted_.pop_front();
+        event();
+    }
+}
+
+void HeadlessUi::doEvents()
+{
+    deliverPosted();
+    while (Control* t = nextTimer(now()))
+        fire(t);
+    clock_.advanceTo(now() + 1);
+}
+
+void HeadlessUi::advance(std::int64_t ms)
+{
+    const std::int64_t target = now() + ms;
+    for (;;) {
+        deliverPosted();
+        Control* t = nextTimer(target);
+        if (!t)
+            break;
+        fire(t);
+    }
+    clock_.advanceTo(target);
+    deliverPosted();
+}
+
+bool HeadlessUi::runUntil(const std::function<bool()>& done, std::int64_t maxMs)
+{
+    const std::int64_t deadline = now() + maxMs;
+    for (;;) {
+        deliverPosted();
+        if (done())
+            return true;
+        if (now() >= deadline)
+            return false;
+        if (Control* t = nextTimer(deadline))
+            fire(t);
+        else
+            clock_.advanceTo(deadline);
+    }
+}
+
+} // namespace zandolt::headless

@@ -1,0 +1,37 @@
+// Programs and documents for the tests: nothing is started, every request is kept.
+#pragma once
+
+#include "platform/programs.h"
+
+#include <string>
+#include <vector>
+
+namespace zandolt::headless {
+
+struct ProgramRun
+{
+    std::string commandLine;
+    std::string directory;
+};
+
+class RecordedPrograms : public Programs
+{
+public:
+    bool run(const std::string& commandLine, const std::string& directory) override
+    {
+        runs.push_back({commandLine, directory});
+        return runSucceeds;
+    }
+    int openDocument(const std::string& target) override
+    {
+        opened.push_back(target);
+        return openResult;
+    }
+
+    std::vector<ProgramRun> runs;
+    std::vector<std::string> opened;
+    bool runSucceeds = true;
+    int openResult = 42;
+};
+
+} // namespace zandolt::headless

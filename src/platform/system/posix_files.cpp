@@ -1,0 +1,282 @@
+#include "platform/system/posix_files.h"
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace zandolt::system {
+
+namespace {
+
+bool equalsIgnoreCase(const std::string& a, const std::string& b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (size_t i = 0; i < a.size(); ++i) {
+        auto fold = [](char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; };
+        if (fold(a[i]) != fold(b[i]))
+            return false;
+    }
+    return true;
+}
+
+bool writeAll(int fd, const std::string& data)
+{
+    size_t done = 0;
+    while (done < data.size()) {
+        ssize_t n = ::write(fd, data.data() + done, data.size() - done);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        done += static_cast<size_t>(n);
+    }
+    return true;
+}
+
+bool readFd(int fd, std::string& out)
+{
+    out.clear();
+    char buf[65536];
+    for (;;) {
+        ssize_t n = ::read(fd, buf, sizeof buf);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        if (n == 0)
+            return true;
+        out.append(buf, static_cast<size_t>(n));
+    }
+}
+
+// Closes a descriptor on every path out of a scope.
+struct Fd
+{
+    int fd = -1;
+    explicit Fd(int f) : fd(f) {}
+    ~Fd()
+    {
+        if (fd >= 0)
+            ::close(fd);
+    }
+    Fd(const Fd&) = delete;
+    Fd& operator=(const Fd&) = delete;
+};
+
+} // namespace
+
+PosixFiles::PosixFiles(std::string currentDirectory) : cwd_(std::move(currentDirectory))
+{
+    while (cwd_.size() > 1 && cwd_.back() == '/')
+        cwd_.pop_back();
+}
+
+std::string PosixFiles::currentDirectory()
+{
+    if (!cwd_.empty())
+        return cwd_;
+    char buf[4096];
+    if (!::getcwd(buf, sizeof buf))
+        return ".";
+    return buf;
+}
+
+std::string PosixFiles::native(const std::string& path)
+{
+    std::string p = path;
+    for (char& c : p)
+        if (c == '\\')
+            c = '/';
+    if (p.empty() || p[0] != '/')
+        p = currentDirectory() + "/" + p;
+    return p;
+}
+
+std::string PosixFiles::resolve(const std::string& path)
+{
+    std::string p = native(path);
+    struct stat st;
+    if (::lstat(p.c_str(), &st) == 0)
+        return p;
+    size_t slash = p.find_last_of('/');
+    std::string dir = p.substr(0, slash);
+    std::string name = p.substr(slash + 1);
+    if (dir.empty())
+        dir = "/";
+    else if (!isDirectory(dir))
+        dir = resolve(dir);
+    if (!name.empty())
+        for (const DirEntry& e : list(dir))
+            if (equalsIgnoreCase(e.name, name))
+                return (dir == "/" ? "" : dir) + "/" + e.name;
+    return (dir == "/" ? "" : dir) + "/" + name;
+}
+
+bool PosixFiles::exists(const std::string& path)
+{
+    struct stat st;
+    return ::stat(resolve(path).c_str(), &st) == 0 && S_ISREG(st.st_mode);
+}
+
+bool PosixFiles::isDirectory(const std::string& path)
+{
+    struct stat st;
+    return ::stat(native(path).c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+}
+
+std::string PosixFiles::modTimeText(const std::string& path)
+{
+    struct stat st;
+    if (::stat(resolve(path).c_str(), &st) != 0)
+        return {};
+    struct tm tm;
+    ::localtime_r(&st.st_mtim.tv_sec, &tm);
+    char buf[64];
+    std::snprintf(buf, sizeof buf, "%04d-%02d-%02d %02d:%02d:%02d.%09ld", tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday,
+                  tm.tm_hour, tm.tm_min, tm.tm_sec, static_cast<long>(st.st_mtim.tv_nsec));
+    return buf;
+}
+
+std::int64_t PosixFiles::size(const std::string& path)
+{
+    struct stat st;
+    if (::stat(resolve(path).c_str(), &st) != 0)
+        return -1;
+    return static_cast<std::int64_t>(st.st_size);
+}
+
+bool PosixFiles::lock(int fd, bool exclusive)
+{
+    struct flock fl = {};
+    fl.l_type = exclusive ? F_WRLCK : F_RDLCK;
+    fl.l_whence = SEEK_SET;
+    auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(lockWaitMs_);
+    for (;;) {
+        if (::fcntl(fd, F_OFD_SETLK, &fl) == 0)
+            return true;
+        if (errno != EACCES && errno != EAGAIN && errno != EINTR)
+            return true; // a file system without locks: the open itself is all the exclusion there is
+        if (std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
+}
+
+FileResult PosixFiles::readAll(const std::string& path, std::string& out)
+{
+    Fd f(::open(resolve(path).c_str(), O_RDONLY | O_CLOEXEC));
+    if (f.fd < 0)
+        return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
+    if (!lock(f.fd, false))
+        return FileResult::Busy;
+    return readFd(f.fd, out) ? FileResult::Ok : FileResult::Failed;
+}
+
+FileResult PosixFiles::append(const std::string& path, const std::string& data)
+{
+    Fd f(::open(resolve(path).c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
+    if (f.fd < 0)
+        return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
+    if (!lock(f.fd, true))
+        return FileResult::Busy;
+    return writeAll(f.fd, data) ? FileResult::Ok : FileResult::Failed;
+}
+
+FileResult PosixFiles::replace(const std::string& path, const std::string& data)
+{
+    const std::string target = resolve(path);
+    // Hold the old file while the new one takes its place, so that readers wait rather than read
+    // a file in the middle of its replacement.
+    Fd old(::open(target.c_str(), O_RDWR | O_CLOEXEC));
+    mode_t mode = 0666;
+    if (old.fd >= 0) {
+        if (!lock(old.fd, true))
+            return FileResult::Busy;
+        struct stat st;
+        if (::fstat(old.fd, &st) == 0)
+            mode = st.st_mode & 07777;
+    } else if (errno != ENOENT) {
+        return FileResult::Failed;
+    }
+    static unsigned counter = 0;
+    size_t slash = target.find_last_of('/');
+    std::string temp = target.substr(0, slash + 1) + "." + target.substr(slash + 1) + ".new." +
+                       std::to_string(::getpid()) + "." + std::to_string(++counter);
+    Fd out(::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    if (out.fd < 0)
+        return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
+    if (old.fd >= 0)
+        ::fchmod(out.fd, mode);
+    if (!writeAll(out.fd, data) || ::fsync(out.fd) != 0 || ::rename(temp.c_str(), target.c_str()) != 0) {
+        ::unlink(temp.c_str());
+        return FileResult::Failed;
+    }
+    return FileResult::Ok;
+}
+
+std::vector<DirEntry> PosixFiles::list(const std::string& directory)
+{
+    std::vector<DirEntry> entries;
+    std::string dir = native(directory);
+    DIR* d = ::opendir(dir.c_str());
+    if (!d)
+        return entries;
+    while (struct dirent* e = ::readdir(d)) {
+        std::string name = e->d_name;
+        if (name == "." || name == "..")
+            continue;
+        bool isDir = e->d_type == DT_DIR;
+        if (e->d_type == DT_UNKNOWN || e->d_type == DT_LNK) {
+            struct stat st;
+            isDir = ::stat((dir + "/" + name).c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+        }
+        entries.push_back({name, isDir});
+    }
+    ::closedir(d);
+    return entries;
+}
+
+bool PosixFiles::copy(const std::string& from, const std::string& to)
+{
+    std::string src = resolve(from);
+    std::string data;
+    if (readAll(src, data) != FileResult::Ok)
+        return false;
+    std::string dst = resolve(to);
+    {
+        Fd out(::open(dst.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+        if (out.fd < 0 || !writeAll(out.fd, data))
+            return false;
+    }
+    struct stat st;
+    if (::stat(src.c_str(), &st) != 0)
+        return false;
+    struct timespec times[2] = {st.st_atim, st.st_mtim};
+    return ::utimensat(AT_FDCWD, dst.c_str(), times, 0) == 0;
+}
+
+bool PosixFiles::rename(const std::string& from, const std::string& to)
+{
+    return ::rename(resolve(from).c_str(), resolve(to).c_str()) == 0;
+}
+
+bool PosixFiles::remove(const std::string& path)
+{
+    return ::unlink(resolve(path).c_str()) == 0;
+}
+
+bool PosixFiles::makeDirectory(const std::string& path)
+{
+    return ::mkdir(native(path).c_str(), 0777) == 0 || errno == EEXIST;
+}
+
+} // namespace zandolt::system

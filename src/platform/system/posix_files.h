@@ -1,0 +1,46 @@
+// Files on a POSIX system: names resolved without regard to case, shared files under short
+// open-file-description locks, whole files replaced by a rename.
+#pragma once
+
+#include "platform/files.h"
+
+#include <string>
+
+namespace zandolt::system {
+
+class PosixFiles : public Files
+{
+public:
+    // currentDirectory stands for the process's current directory when it is not empty.
+    explicit PosixFiles(std::string currentDirectory = "");
+
+    // How long an open waits for another holder's lock before it answers busy. A station holds a
+    // shared file only for one read or one write, so a short wait bridges nearly every collision
+    // and leaves the system's own retries for the long ones.
+    void setLockWaitMs(int ms) { lockWaitMs_ = ms; }
+
+    std::string resolve(const std::string& path) override;
+    bool exists(const std::string& path) override;
+    bool isDirectory(const std::string& path) override;
+    std::string modTimeText(const std::string& path) override;
+    std::int64_t size(const std::string& path) override;
+    FileResult readAll(const std::string& path, std::string& out) override;
+    FileResult append(const std::string& path, const std::string& data) override;
+    FileResult replace(const std::string& path, const std::string& data) override;
+    std::vector<DirEntry> list(const std::string& directory) override;
+    bool copy(const std::string& from, const std::string& to) override;
+    bool rename(const std::string& from, const std::string& to) override;
+    bool remove(const std::string& path) override;
+    bool makeDirectory(const std::string& path) override;
+    std::string currentDirectory() override;
+
+private:
+    // Backslashes become slashes and a relative path is taken from the current directory.
+    std::string native(const std::string& path);
+    bool lock(int fd, bool exclusive);
+
+    std::string cwd_;
+    int lockWaitMs_ = 50;
+};
+
+} // namespace zandolt::system

@@ -1,0 +1,621 @@
+#include "platform/ui.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace zandolt {
+
+// ---- Control ---------------------------------------------------------------------------------------------
+
+Control::Control(Form& owner, ControlKind kind, std::string name) : form_(owner), kind_(kind), name_(std::move(name))
+{
+    form_.add(this);
+    resetProperties();
+}
+
+void Control::resetProperties()
+{
+    container_ = nullptr;
+    visible_ = kind_ != ControlKind::Timer;
+    enabled_ = true;
+    left_ = top_ = 0;
+    width_ = 1215;
+    height_ = 375;
+    const bool editable =
+        kind_ == ControlKind::TextBox || kind_ == ControlKind::ListBox || kind_ == ControlKind::ComboBox;
+    foreColor_ = editable ? colors::SysWindowText : colors::SysButtonText;
+    backColor_ = editable ? colors::SysWindow : colors::SysButtonFace;
+    fontName_ = "MS Sans Serif";
+    fontSize_ = 8.25;
+    fontBold_ = false;
+    caption_.clear();
+    alignment_ = 0;
+    borderStyle_ = kind_ == ControlKind::TextBox ? 1 : 0;
+    text_.clear();
+    passwordChar_ = 0;
+    multiLine_ = false;
+    locked_ = false;
+    items_.clear();
+    listIndex_ = -1;
+    style_ = 0;
+    value_ = 0;
+    min_ = 0;
+    max_ = 32767;
+    smallChange_ = 1;
+    largeChange_ = 1;
+    horizontal_ = false;
+    picture_.clear();
+    interval_ = 0;
+    default_ = false;
+    cancel_ = false;
+}
+
+void Control::touch()
+{
+    if (!form_.loaded() && !form_.designing() && !form_.loading_)
+        form_.Load();
+}
+
+void Control::changed(Prop p)
+{
+    if (form_.loaded() && !form_.designing())
+        form_.ui().controlChanged(*this, p);
+}
+
+void Control::fire(const std::function<void()>& slot)
+{
+    if (slot && !form_.designing())
+        slot();
+}
+
+void Control::setContainer(Control* frame)
+{
+    container_ = frame;
+    changed(Prop::Container);
+}
+
+#define ZANDOLT_SETTER(field, value, prop)                                                                             \
+    touch();                                                                                                           \
+    if (field == (value))                                                                                              \
+        return;                                                                                                        \
+    field = (value);                                                                                                   \
+    changed(prop);
+
+void Control::setVisible(bool v)
+{
+    ZANDOLT_SETTER(visible_, v, Prop::Visible)
+}
+void Control::setEnabled(bool v)
+{
+    ZANDOLT_SETTER(enabled_, v, Prop::Enabled)
+}
+void Control::setForeColor(Color c)
+{
+    ZANDOLT_SETTER(foreColor_, c, Prop::ForeColor)
+}
+void Control::setBackColor(Color c)
+{
+    ZANDOLT_SETTER(backColor_, c, Prop::BackColor)
+}
+void Control::setFontName(const std::string& n)
+{
+    ZANDOLT_SETTER(fontName_, n, Prop::Font)
+}
+void Control::setFontSize(double s)
+{
+    ZANDOLT_SETTER(fontSize_, s, Prop::Font)
+}
+void Control::setFontBold(bool b)
+{
+    ZANDOLT_SETTER(fontBold_, b, Prop::Font)
+}
+void Control::setCaption(const std::string& c)
+{
+    ZANDOLT_SETTER(caption_, c, Prop::Caption)
+}
+void Control::setAlignment(int a)
+{
+    ZANDOLT_SETTER(alignment_, a, Prop::Alignment)
+}
+void Control::setBorderStyle(int b)
+{
+    ZANDOLT_SETTER(borderStyle_, b, Prop::BorderStyle)
+}
+void Control::setPasswordChar(char c)
+{
+    ZANDOLT_SETTER(passwordChar_, c, Prop::PasswordChar)
+}
+void Control::setMultiLine(bool m)
+{
+    ZANDOLT_SETTER(multiLine_, m, Prop::Style)
+}
+void Control::setLocked(bool l)
+{
+    ZANDOLT_SETTER(locked_, l, Prop::Locked)
+}
+void Control::setStyle(int s)
+{
+    ZANDOLT_SETTER(style_, s, Prop::Style)
+}
+void Control::setPicture(const std::string& p)
+{
+    ZANDOLT_SETTER(picture_, p, Prop::Picture)
+}
+#undef ZANDOLT_SETTER
+
+void Control::move(int left, int top, int width, int height)
+{
+    touch();
+    if (left == left_ && top == top_ && width == width_ && height == height_)
+        return;
+    left_ = left;
+    top_ = top;
+    width_ = std::max(0, width);
+    height_ = std::max(0, height);
+    changed(Prop::Geometry);
+}
+
+void Control::setText(const std::string& t)
+{
+    touch();
+    if (t == text_)
+        return;
+    text_ = t;
+    changed(Prop::Text);
+    fire(Change);
+}
+
+const std::string& Control::list(int index) const
+{
+    static const std::string none;
+    if (index < 0 || index >= listCount())
+        return none;
+    return items_[static_cast<size_t>(index)];
+}
+
+void Control::addItem(const std::string& item)
+{
+    touch();
+    items_.push_back(item);
+    changed(Prop::Items);
+}
+
+void Control::removeItem(int index)
+{
+    touch();
+    if (index < 0 || index >= listCount())
+        throw std::out_of_range("Invalid list index in " + name_);
+    items_.erase(items_.begin() + index);
+    if (listIndex_ >= listCount())
+        listIndex_ = -1;
+    changed(Prop::Items);
+}
+
+void Control::clear()
+{
+    touch();
+    items_.clear();
+    listIndex_ = -1;
+    changed(Prop::Items);
+}
+
+void Control::setItems(std::vector<std::string> items)
+{
+    touch();
+    items_ = std::move(items);
+    listIndex_ = -1;
+    changed(Prop::Items);
+}
+
+void Control::setListIndex(int index)
+{
+    touch();
+    if (index < -1 || index >= listCount())
+        throw std::out_of_range("Invalid list index in " + name_);
+    if (index == listIndex_)
+        return;
+    listIndex_ = index;
+    if (kind_ == ControlKind::ComboBox)
+        text_ = list(index);
+    changed(Prop::ListIndex);
+    fire(Click);
+}
+
+void Control::setValue(int v)
+{
+    touch();
+    if (kind_ == ControlKind::ScrollBar)
+        v = std::clamp(v, std::min(min_, max_), std::max(min_, max_));
+    if (kind_ == ControlKind::OptionButton)
+        v = v ? -1 : 0;
+    if (v == value_)
+        return;
+    value_ = v;
+    if (kind_ == ControlKind::OptionButton && v) {
+        for (Control* other : form_.controls())
+            if (other != this && other->kind_ == ControlKind::OptionButton && other->container_ == container_ &&
+                other->value_) {
+                other->value_ = 0;
+                other->changed(Prop::Value);
+            }
+    }
+    changed(Prop::Value);
+    if (kind_ == ControlKind::ScrollBar)
+        fire(Change);
+    else if (kind_ == ControlKind::CheckBox || (kind_ == ControlKind::OptionButton && v))
+        fire(Click);
+}
+
+void Control::setRange(int min, int max, int smallChange, int largeChange, bool horizontal)
+{
+    touch();
+    min_ = min;
+    max_ = max;
+    smallChange_ = smallChange;
+    largeChange_ = largeChange;
+    horizontal_ = horizontal;
+    changed(Prop::Range);
+    setValue(value_);
+}
+
+void Control::setInterval(int ms)
+{
+    touch();
+    interval_ = std::max(0, ms);
+    // Setting the interval restarts the count even when it is the same value.
+    changed(Prop::Interval);
+}
+
+void Control::SetFocus()
+{
+    touch();
+    form_.setFocused(this);
+    if (form_.loaded())
+        form_.ui().focusChanged(*this);
+    fire(GotFocus);
+}
+
+void Control::userClick()
+{
+    if (!enabled_ || !form_.enabled())
+        return;
+    switch (kind_) {
+    case ControlKind::CheckBox:
+        setValue(value_ == 1 ? 0 : 1);
+        break;
+    case ControlKind::OptionButton:
+        if (value_)
+            fire(Click);
+        else
+            setValue(-1);
+        break;
+    default:
+        fire(Click);
+    }
+}
+
+void Control::userDoubleClick()
+{
+    if (enabled_ && form_.enabled())
+        fire(DblClick);
+}
+
+void Control::userMouseDown(MouseButton button)
+{
+    if (enabled_ && form_.enabled() && MouseDown && !form_.designing())
+        MouseDown(button, 0, 0, 0);
+}
+
+void Control::userMouseUp(MouseButton button)
+{
+    if (enabled_ && form_.enabled() && MouseUp && !form_.designing())
+        MouseUp(button, 0, 0, 0);
+}
+
+void Control::userSelect(int index)
+{
+    if (enabled_ && form_.enabled())
+        setListIndex(index);
+}
+
+void Control::userEdit(const std::string& newText)
+{
+    if (enabled_ && form_.enabled() && !locked_)
+        setText(newText);
+}
+
+int Control::userKey(int keyCode, int keyAscii, int shift)
+{
+    if (!enabled_ || !form_.enabled())
+        return 0;
+    form_.setFocused(this);
+    if (form_.keyPreview())
+        form_.Form_KeyDown(keyCode, shift);
+    if (keyCode && KeyDown)
+        KeyDown(keyCode, shift);
+    if (keyAscii && form_.keyPreview())
+        form_.Form_KeyPress(keyAscii);
+    if (keyAscii && KeyPress)
+        KeyPress(keyAscii);
+    if (!form_.loaded())
+        return 0;
+    // A button acts on Enter and the space bar; elsewhere Enter and Escape reach the default and
+    // the cancel button of the form.
+    if (kind_ == ControlKind::CommandButton && (keyAscii == keys::Return || keyAscii == keys::Space)) {
+        userClick();
+        return 0;
+    }
+    const bool multiLineText = kind_ == ControlKind::TextBox && multiLine_;
+    if ((keyAscii == keys::Return && !multiLineText) || keyAscii == keys::Escape) {
+        for (Control* c : form_.controls())
+            if (c->kind_ == ControlKind::CommandButton && c->visible_ && c->enabled_ &&
+                ((keyAscii == keys::Return && c->default_) || (keyAscii == keys::Escape && c->cancel_))) {
+                c->userClick();
+                return 0;
+            }
+    }
+    return keyAscii;
+}
+
+void Control::fireTimer()
+{
+    if (kind_ == ControlKind::Timer && form_.loaded() && enabled_ && interval_ > 0)
+        fire(Tick);
+}
+
+// ---- MenuItem --------------------------------------------------------------------------------------------
+
+MenuItem::MenuItem(Form& owner, std::string name, std::string caption, MenuItem* parent)
+    : form_(owner), name_(std::move(name)), caption_(std::move(caption)), parent_(parent)
+{
+    if (parent_)
+        parent_->children_.push_back(this);
+    form_.add(this);
+}
+
+void MenuItem::changed()
+{
+    if (form_.loaded() && !form_.designing())
+        form_.ui().menuChanged(*this);
+}
+
+void MenuItem::setCaption(const std::string& c)
+{
+    caption_ = c;
+    changed();
+}
+
+void MenuItem::setEnabled(bool e)
+{
+    enabled_ = e;
+    changed();
+}
+
+void MenuItem::setVisible(bool v)
+{
+    visible_ = v;
+    changed();
+}
+
+void MenuItem::setChecked(bool c)
+{
+    checked_ = c;
+    changed();
+}
+
+void MenuItem::userClick()
+{
+    for (MenuItem* m = this; m; m = m->parent_)
+        if (!m->enabled_ || !m->visible_)
+            return;
+    if (!form_.enabled() || !form_.loaded())
+        return;
+    if (Click)
+        Click();
+}
+
+// ---- Form ------------------------------------------------------------------------------------------------
+
+Form::Form(Ui& ui, std::string name) : ui_(ui), name_(std::move(name)) {}
+
+Form::~Form()
+{
+    if (loaded_)
+        ui_.formUnloaded(*this);
+}
+
+void Form::finishConstruction()
+{
+    designing_ = true;
+    design();
+    designing_ = false;
+}
+
+void Form::redesign()
+{
+    designing_ = true;
+    for (Control* c : controls_)
+        c->resetProperties();
+    caption_.clear();
+    windowState_ = 0;
+    enabled_ = true;
+    focused_ = nullptr;
+    design();
+    designing_ = false;
+}
+
+void Form::add(MenuItem* m)
+{
+    allMenus_.push_back(m);
+    if (!m->parent())
+        menus_.push_back(m);
+}
+
+Control* Form::findControl(const std::string& name) const
+{
+    for (Control* c : controls_)
+        if (c->name() == name)
+            return c;
+    return nullptr;
+}
+
+MenuItem* Form::findMenu(const std::string& name) const
+{
+    for (MenuItem* m : allMenus_)
+        if (m->name() == name)
+            return m;
+    return nullptr;
+}
+
+void Form::changed(Prop p)
+{
+    if (loaded_ && !designing_)
+        ui_.formChanged(*this, p);
+}
+
+void Form::setCaption(const std::string& c)
+{
+    if (!designing_ && !loaded_ && !loading_)
+        Load();
+    caption_ = c;
+    changed(Prop::Caption);
+}
+
+void Form::setSize(int width, int height)
+{
+    width_ = width;
+    height_ = height;
+    if (designing_) {
+        scaleWidth_ = width;
+        scaleHeight_ = height;
+    }
+    changed(Prop::Geometry);
+}
+
+void Form::setBackColor(Color c)
+{
+    backColor_ = c;
+    changed(Prop::BackColor);
+}
+
+void Form::setWindowState(int s)
+{
+    windowState_ = s;
+    changed(Prop::WindowState);
+}
+
+void Form::setEnabled(bool e)
+{
+    enabled_ = e;
+    changed(Prop::Enabled);
+}
+
+void Form::Load()
+{
+    if (loaded_)
+        return;
+    loaded_ = true;
+    loading_ = true;
+    ui_.formLoaded(*this);
+    Form_Load();
+    loading_ = false;
+}
+
+void Form::Show()
+{
+    Load();
+    if (!loaded_)
+        return;
+    visible_ = true;
+    ui_.formShown(*this, false);
+}
+
+void Form::ShowModal()
+{
+    Load();
+    if (!loaded_)
+        return;
+    if (modal_)
+        throw std::logic_error("Form " + name_ + " is already shown modally");
+    visible_ = true;
+    modal_ = true;
+    ui_.formShown(*this, true);
+    modal_ = false;
+}
+
+void Form::Hide()
+{
+    if (!loaded_ || !visible_)
+        return;
+    visible_ = false;
+    ui_.formHidden(*this);
+}
+
+void Form::Unload(UnloadMode mode)
+{
+    if (!loaded_)
+        return;
+    int cancel = 0;
+    Form_QueryUnload(cancel, mode);
+    if (cancel)
+        return;
+    Form_Unload(cancel);
+    if (cancel || !loaded_)
+        return;
+    loaded_ = false;
+    visible_ = false;
+    ui_.formUnloaded(*this);
+    redesign();
+}
+
+void Form::discard()
+{
+    if (!loaded_)
+        return;
+    loaded_ = false;
+    visible_ = false;
+    ui_.formUnloaded(*this);
+}
+
+void Form::ZOrder(int position)
+{
+    if (loaded_)
+        ui_.formZOrder(*this, position);
+}
+
+void Form::userResized(int scaleWidth, int scaleHeight)
+{
+    if (scaleWidth == scaleWidth_ && scaleHeight == scaleHeight_)
+        return;
+    scaleWidth_ = scaleWidth;
+    scaleHeight_ = scaleHeight;
+    if (loaded_)
+        Form_Resize();
+}
+
+void Form::userClose()
+{
+    Unload(UnloadMode::ControlBox);
+}
+
+int Form::userKey(int keyCode, int keyAscii, int shift)
+{
+    if (!enabled_ || !loaded_)
+        return 0;
+    if (focused_ && focused_->visible() && focused_->enabled())
+        return focused_->userKey(keyCode, keyAscii, shift);
+    Form_KeyDown(keyCode, shift);
+    if (keyAscii)
+        Form_KeyPress(keyAscii);
+    if (keyAscii == keys::Return || keyAscii == keys::Escape) {
+        for (Control* c : controls_)
+            if (c->kind() == ControlKind::CommandButton && c->visible() && c->enabled() &&
+                ((keyAscii == keys::Return && c->isDefault()) || (keyAscii == keys::Escape && c->isCancel()))) {
+                c->userClick();
+                return 0;
+            }
+    }
+    return keyAscii;
+}
+
+} // namespace zandolt
