@@ -50,12 +50,6 @@ void Control::resetProperties()
     cancel_ = false;
 }
 
-void Control::touch()
-{
-    if (!form_.loaded() && !form_.designing() && !form_.loading_)
-        form_.Load();
-}
-
 void Control::changed(Prop p)
 {
     if (form_.loaded() && !form_.designing())
@@ -75,7 +69,6 @@ void Control::setContainer(Control* frame)
 }
 
 #define ZANDOLT_SETTER(field, value, prop)                                                                             \
-    touch();                                                                                                           \
     if (field == (value))                                                                                              \
         return;                                                                                                        \
     field = (value);                                                                                                   \
@@ -145,7 +138,6 @@ void Control::setPicture(const std::string& p)
 
 void Control::move(int left, int top, int width, int height)
 {
-    touch();
     if (left == left_ && top == top_ && width == width_ && height == height_)
         return;
     left_ = left;
@@ -157,7 +149,6 @@ void Control::move(int left, int top, int width, int height)
 
 void Control::setText(const std::string& t)
 {
-    touch();
     if (t == text_)
         return;
     text_ = t;
@@ -175,14 +166,12 @@ const std::string& Control::list(int index) const
 
 void Control::addItem(const std::string& item)
 {
-    touch();
     items_.push_back(item);
     changed(Prop::Items);
 }
 
 void Control::removeItem(int index)
 {
-    touch();
     if (index < 0 || index >= listCount())
         throw std::out_of_range("Invalid list index in " + name_);
     items_.erase(items_.begin() + index);
@@ -193,7 +182,6 @@ void Control::removeItem(int index)
 
 void Control::clear()
 {
-    touch();
     items_.clear();
     listIndex_ = -1;
     changed(Prop::Items);
@@ -201,7 +189,6 @@ void Control::clear()
 
 void Control::setItems(std::vector<std::string> items)
 {
-    touch();
     items_ = std::move(items);
     listIndex_ = -1;
     changed(Prop::Items);
@@ -209,7 +196,6 @@ void Control::setItems(std::vector<std::string> items)
 
 void Control::setListIndex(int index)
 {
-    touch();
     if (index < -1 || index >= listCount())
         throw std::out_of_range("Invalid list index in " + name_);
     if (index == listIndex_)
@@ -223,7 +209,6 @@ void Control::setListIndex(int index)
 
 void Control::setValue(int v)
 {
-    touch();
     if (kind_ == ControlKind::ScrollBar)
         v = std::clamp(v, std::min(min_, max_), std::max(min_, max_));
     if (kind_ == ControlKind::OptionButton)
@@ -248,7 +233,6 @@ void Control::setValue(int v)
 
 void Control::setRange(int min, int max, int smallChange, int largeChange, bool horizontal)
 {
-    touch();
     min_ = min;
     max_ = max;
     smallChange_ = smallChange;
@@ -260,7 +244,6 @@ void Control::setRange(int min, int max, int smallChange, int largeChange, bool 
 
 void Control::setInterval(int ms)
 {
-    touch();
     interval_ = std::max(0, ms);
     // Setting the interval restarts the count even when it is the same value.
     changed(Prop::Interval);
@@ -268,7 +251,6 @@ void Control::setInterval(int ms)
 
 void Control::SetFocus()
 {
-    touch();
     form_.setFocused(this);
     if (form_.loaded())
         form_.ui().focusChanged(*this);
@@ -475,8 +457,6 @@ void Form::changed(Prop p)
 
 void Form::setCaption(const std::string& c)
 {
-    if (!designing_ && !loaded_ && !loading_)
-        Load();
     caption_ = c;
     changed(Prop::Caption);
 }

@@ -113,8 +113,8 @@ constexpr int TwipsPerPixel = 15;
 
 // One control. A single class holds the properties of all kinds; each kind uses the ones that make
 // sense for it, and the renderer reads those. Setting a property that changes it notifies the
-// backend; setting a property of a control on a form that is not loaded loads the form first,
-// as touching a control of an unloaded window always did.
+// backend. A control of a form that is not loaded keeps its values, and the window shows them when
+// it loads.
 class Control
 {
 public:
@@ -251,7 +251,6 @@ public:
 
 private:
     void changed(Prop p);
-    void touch();
     void fire(const std::function<void()>& slot);
 
     Form& form_;

@@ -75,7 +75,8 @@ void ErrMsgFrm::OKBut_Click()
 void ShowTimedError(App& app, const std::string& message, int seconds)
 {
     ErrMsgFrm& f = app.errMsgFrm();
-    f.LabelText.setCaption(message); // loads the window, which resets the request
+    f.Load(); // the load resets the request, so the request is set after it
+    f.LabelText.setCaption(message);
     f.setCaption("");
     app.ErrorTicksRequest = static_cast<int16>(seconds * 4);
     app.ErrorBeepFlag = False;
@@ -91,6 +92,7 @@ void ShowTimedError(App& app, const std::string& message, int seconds)
 void ShowErrorWindow(App& app, const std::string& title, const std::string& text)
 {
     ErrMsgFrm& f = app.errMsgFrm();
+    f.Load();
     f.LabelText.setCaption(text);
     f.setCaption(title);
     app.ErrorTicksRequest = 16;

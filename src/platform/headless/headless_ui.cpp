@@ -30,6 +30,7 @@ void HeadlessUi::formUnloaded(Form& form)
 void HeadlessUi::formShown(Form& form, bool modal)
 {
     formZOrder(form, 0);
+    journal_.push_back((modal ? "modal " : "show ") + form.name());
     if (!modal)
         return;
     modals_.push_back({form.name(), form.caption(), now()});
@@ -107,6 +108,7 @@ int HeadlessUi::msgBox(const std::string& prompt, int buttons, const std::string
         throw UnscriptedQuestion("A message box asks \"" + prompt + "\" and no script answers it");
     }
     messages_.push_back({prompt, title, buttons, answer, now()});
+    journal_.push_back("msgbox " + prompt);
     return answer;
 }
 
@@ -119,6 +121,7 @@ std::string HeadlessUi::inputBox(const std::string& prompt, const std::string& t
     std::string answer = it->second;
     inputAnswers_.erase(it);
     messages_.push_back({prompt, title, -1, 0, now()});
+    journal_.push_back("input " + prompt);
     return answer;
 }
 
@@ -147,6 +150,7 @@ void HeadlessUi::clearRecords()
     messages_.clear();
     modals_.clear();
     beeps_.clear();
+    journal_.clear();
 }
 
 // ---- time ------------------------------------------------------------------------------------------------

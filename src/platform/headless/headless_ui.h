@@ -87,6 +87,9 @@ public:
     const std::vector<MessageRecord>& messages() const { return messages_; }
     const std::vector<ModalRecord>& modals() const { return modals_; }
     const std::vector<std::int64_t>& beeps() const { return beeps_; }
+    // One line for each window shown ("show Name", "modal Name"), message box ("msgbox Prompt") and
+    // input box ("input Prompt"), in the order they came.
+    const std::vector<std::string>& journal() const { return journal_; }
     bool busy() const { return busy_; }
     bool quitRequested() const { return quitRequested_; }
     Control* focus() const { return focus_; }
@@ -124,6 +127,7 @@ private:
     std::vector<MessageRecord> messages_;
     std::vector<ModalRecord> modals_;
     std::vector<std::int64_t> beeps_;
+    std::vector<std::string> journal_;
     std::vector<Form*> zOrder_;
     Control* focus_ = nullptr;
     bool busy_ = false;

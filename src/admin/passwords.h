@@ -1,0 +1,24 @@
+// The administrator gate in front of the menu entries, its expiry, the changes of the main and the
+// employee password, and the employee's own test password.
+#pragma once
+
+#include "data/types.h"
+
+namespace zandolt {
+
+class App;
+
+// -1 when the administrator may go on: the gate stands open or the right password was typed.
+int16 CheckPassWord(App& app);
+// Closes the gate.
+void UseAdminPassword(App& app);
+void ChangeAdminPassword(App& app);
+// Changes the password that employees share for the leave window.
+void ChangeEmployeePassword(App& app);
+// Asks the employee in CurrentEmployee for the own test password when the station wants it.
+// True when the test may start.
+bool AskEmployeeTestPassword(App& app);
+// Lets the employee in CurrentEmployee set the own test password from the test window.
+void ChangeEmployeeTestPassword(App& app);
+
+} // namespace zandolt
