@@ -17,4 +17,13 @@ public:
     virtual int openDocument(const std::string& target) = 0;
 };
 
+// The text in single quotes for the shell, so that a path with blanks stays one word.
+inline std::string QuoteForShell(const std::string& text)
+{
+    std::string q = "'";
+    for (char c : text)
+        q += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return q + "'";
+}
+
 } // namespace zandolt

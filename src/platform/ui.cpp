@@ -573,6 +573,12 @@ void Form::userResized(int scaleWidth, int scaleHeight)
         Form_Resize();
 }
 
+void Form::userClick()
+{
+    if (loaded_ && enabled_)
+        Form_Click();
+}
+
 void Form::userClose()
 {
     Unload(UnloadMode::ControlBox);

@@ -418,6 +418,8 @@ public:
     void userResized(int scaleWidth, int scaleHeight);
     // Called by the backend when the user closes the window by its close box.
     void userClose();
+    // A click on the window itself, outside its controls.
+    void userClick();
     // A key on the form itself (no control has it), or previewed before the control's own events.
     int userKey(int keyCode, int keyAscii, int shift = 0);
 

@@ -40,9 +40,6 @@ protected:
 
 private:
     void LeaveFormTimer_Timer();
-    void Timer1_Timer();
-    void CancelButton_KeyDown(int& keyCode, int shift);
-    void VacationBut_Click();
 
     App& app_;
 };

@@ -279,4 +279,21 @@ bool PosixFiles::makeDirectory(const std::string& path)
     return ::mkdir(native(path).c_str(), 0777) == 0 || errno == EEXIST;
 }
 
+ExclusiveHold::ExclusiveHold(const std::string& path)
+{
+    fd_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    if (fd_ < 0)
+        return;
+    struct flock fl = {};
+    fl.l_type = F_WRLCK;
+    fl.l_whence = SEEK_SET;
+    held_ = ::fcntl(fd_, F_OFD_SETLK, &fl) == 0;
+}
+
+ExclusiveHold::~ExclusiveHold()
+{
+    if (fd_ >= 0)
+        ::close(fd_);
+}
+
 } // namespace zandolt::system

@@ -43,4 +43,20 @@ private:
     int lockWaitMs_ = 50;
 };
 
+// Holds a file under an exclusive lock for as long as it lives, as another station does while it
+// writes the file. Tests and tools use it to stand for that station.
+class ExclusiveHold
+{
+public:
+    explicit ExclusiveHold(const std::string& path);
+    ~ExclusiveHold();
+    ExclusiveHold(const ExclusiveHold&) = delete;
+    ExclusiveHold& operator=(const ExclusiveHold&) = delete;
+    bool held() const { return held_; }
+
+private:
+    int fd_ = -1;
+    bool held_ = false;
+};
+
 } // namespace zandolt::system

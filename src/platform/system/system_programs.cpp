@@ -6,18 +6,6 @@
 
 namespace zandolt::system {
 
-std::string ShellQuote(const std::string& text)
-{
-    std::string q = "'";
-    for (char c : text) {
-        if (c == '\'')
-            q += "'\\''";
-        else
-            q += c;
-    }
-    return q + "'";
-}
-
 bool SystemPrograms::run(const std::string& commandLine, const std::string& directory)
 {
     std::string dir = directory.empty() ? files_.currentDirectory() : directory;
@@ -55,7 +43,7 @@ int SystemPrograms::openDocument(const std::string& target)
             return 2;
         what = files_.resolve(target);
     }
-    return run("xdg-open " + ShellQuote(what) + " >/dev/null 2>&1", "") ? 42 : 31;
+    return run("xdg-open " + QuoteForShell(what) + " >/dev/null 2>&1", "") ? 42 : 31;
 }
 
 } // namespace zandolt::system

@@ -17,7 +17,4 @@ private:
     Files& files_;
 };
 
-// The text in single quotes for the shell.
-std::string ShellQuote(const std::string& text);
-
 } // namespace zandolt::system

@@ -1,0 +1,105 @@
+// Files as the stations share them: names in any case, locks that make a second holder wait,
+// replacement that never shows half a file.
+#include "platform/system/posix_files.h"
+#include "support/station_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+namespace zandolt {
+namespace {
+
+using testing::TempDir;
+
+class PosixFilesTest : public ::testing::Test
+{
+protected:
+    TempDir dir;
+    system::PosixFiles files{dir.path()};
+    std::string at(const std::string& name) { return dir.path() + "/" + name; }
+};
+
+TEST_F(PosixFilesTest, AnExistingFileIsFoundWhateverTheCaseOfItsName)
+{
+    testing::WriteTextFile(at("Log.txt"), "x");
+    EXPECT_EQ(files.resolve(at("LOG.TXT")), at("Log.txt"));
+    EXPECT_TRUE(files.exists("log.TXT")); // relative to the program directory
+    // A new file keeps the spelling asked for.
+    EXPECT_EQ(files.resolve(at("NAMES.TXT")), at("NAMES.TXT"));
+}
+
+TEST_F(PosixFilesTest, BackslashesAndTheDirectoryPartAreResolvedToo)
+{
+    files.makeDirectory(at("Shared"));
+    testing::WriteTextFile(at("Shared/NAMES.TXT"), "n");
+    std::string out;
+    EXPECT_EQ(files.readAll(dir.path() + "\\SHARED\\names.txt", out), FileResult::Ok);
+    EXPECT_EQ(out, "n");
+}
+
+TEST_F(PosixFilesTest, AppendCreatesTheFileAndAddsToIt)
+{
+    EXPECT_EQ(files.append("LOG.TXT", "a\r\n"), FileResult::Ok);
+    EXPECT_EQ(files.append("log.txt", "b\r\n"), FileResult::Ok);
+    EXPECT_EQ(testing::ReadTextFile(at("LOG.TXT")), "a\r\nb\r\n");
+}
+
+TEST_F(PosixFilesTest, AMissingFileIsNotFound)
+{
+    std::string out;
+    EXPECT_EQ(files.readAll("none.txt", out), FileResult::NotFound);
+    EXPECT_EQ(files.append(at("no/such/dir/LOG.TXT"), "x"), FileResult::NotFound);
+}
+
+TEST_F(PosixFilesTest, AFileHeldByAnotherWriterIsBusyUntilItIsFree)
+{
+    // The holder is another open file description, as another station would be.
+    files.setLockWaitMs(0);
+    std::string seen;
+    {
+        system::ExclusiveHold other(at("LOG.TXT"));
+        ASSERT_TRUE(other.held());
+        EXPECT_EQ(files.append("LOG.TXT", "x"), FileResult::Busy);
+        EXPECT_EQ(files.readAll("LOG.TXT", seen), FileResult::Busy);
+        EXPECT_EQ(files.replace("LOG.TXT", "y"), FileResult::Busy);
+    }
+    EXPECT_EQ(files.append("LOG.TXT", "x"), FileResult::Ok);
+    EXPECT_EQ(files.readAll("LOG.TXT", seen), FileResult::Ok);
+    EXPECT_EQ(seen, "x");
+}
+
+TEST_F(PosixFilesTest, AShortHoldIsWaitedFor)
+{
+    // Within the lock wait a collision never reaches the caller's retries.
+    files.setLockWaitMs(2000);
+    auto other = std::make_unique<system::ExclusiveHold>(at("LOG.TXT"));
+    std::thread releaser([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        other.reset();
+    });
+    EXPECT_EQ(files.append("LOG.TXT", "x"), FileResult::Ok);
+    releaser.join();
+}
+
+TEST_F(PosixFilesTest, ReplaceSwapsTheWholeFileAndLeavesNoTemporary)
+{
+    testing::WriteTextFile(at("Names.txt"), "old");
+    EXPECT_EQ(files.replace("NAMES.TXT", "new contents"), FileResult::Ok);
+    EXPECT_EQ(testing::ReadTextFile(at("Names.txt")), "new contents");
+    EXPECT_EQ(files.list(dir.path()).size(), 1u);
+}
+
+TEST_F(PosixFilesTest, CopyKeepsTheModificationTime)
+{
+    testing::WriteTextFile(at("a.txt"), "data");
+    const std::string before = files.modTimeText("a.txt");
+    ASSERT_TRUE(files.copy("a.txt", "b.txt"));
+    EXPECT_EQ(files.modTimeText("b.txt"), before);
+    EXPECT_EQ(testing::ReadTextFile(at("b.txt")), "data");
+}
+
+} // namespace
+} // namespace zandolt

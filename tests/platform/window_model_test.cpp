@@ -1,0 +1,240 @@
+// The window model: the events that property changes fire, option groups, keys, and what an
+// unload gives back.
+#include "platform/headless/headless_backend.h"
+#include "support/station_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt {
+namespace {
+
+class SampleForm : public Form
+{
+public:
+    explicit SampleForm(Ui& ui)
+        : Form(ui, "SampleForm"), Text1(*this, "Text1"), List1(*this, "List1"), Frame1(*this, "Frame1"),
+          OptionA(*this, "OptionA"), OptionB(*this, "OptionB"), OptionC(*this, "OptionC"), Check1(*this, "Check1"),
+          OKBut(*this, "OKBut"), CancelBut(*this, "CancelBut"), Timer1(*this, "Timer1")
+    {
+        finishConstruction();
+    }
+
+    TextBox Text1;
+    ListBox List1;
+    Frame Frame1;
+    OptionButton OptionA, OptionB, OptionC; // A and B in the frame, C on the form
+    CheckBox Check1;
+    CommandButton OKBut, CancelBut;
+    Timer Timer1;
+
+    std::vector<std::string> events;
+    int cancelUnload = 0;
+
+protected:
+    void design() override
+    {
+        setCaption("Sample");
+        Text1.setText("start");
+        List1.setItems({"one", "two", "three"});
+        OptionA.setContainer(&Frame1);
+        OptionB.setContainer(&Frame1);
+        OptionA.setValue(-1);
+        OKBut.setDefault(true);
+        CancelBut.setCancel(true);
+        Timer1.setInterval(100);
+        Timer1.setEnabled(false);
+        Text1.Change = [this] { events.push_back("Text1_Change " + Text1.text()); };
+        List1.Click = [this] { events.push_back("List1_Click " + std::to_string(List1.listIndex())); };
+        OptionA.Click = [this] { events.push_back("OptionA_Click"); };
+        OptionB.Click = [this] { events.push_back("OptionB_Click"); };
+        OptionC.Click = [this] { events.push_back("OptionC_Click"); };
+        Check1.Click = [this] { events.push_back("Check1_Click " + std::to_string(Check1.value())); };
+        OKBut.Click = [this] { events.push_back("OKBut_Click"); };
+        CancelBut.Click = [this] { events.push_back("CancelBut_Click"); };
+        Timer1.Tick = [this] { events.push_back("Timer1_Timer"); };
+    }
+    void Form_QueryUnload(int& cancel, UnloadMode) override { cancel = cancelUnload; }
+};
+
+class WindowModelTest : public ::testing::Test
+{
+protected:
+    headless::VirtualClock clock;
+    headless::HeadlessUi ui{clock};
+    SampleForm form{ui};
+};
+
+TEST_F(WindowModelTest, DesignValuesFireNoEventsButChangesByCodeDo)
+{
+    // Setting the design values wires nothing off; a change made by code afterwards fires as a
+    // user's change would.
+    EXPECT_TRUE(form.events.empty());
+    form.Load();
+    form.Text1.setText("typed");
+    form.Text1.setText("typed"); // no change, no event
+    form.List1.setListIndex(2);
+    EXPECT_EQ(form.events, (std::vector<std::string>{"Text1_Change typed", "List1_Click 2"}));
+}
+
+TEST_F(WindowModelTest, OptionButtonsAreExclusiveWithinTheirContainerOnly)
+{
+    // B in the frame clears A; C on the form leaves the frame's choice alone.
+    form.Load();
+    form.OptionB.userClick();
+    EXPECT_EQ(form.OptionA.value(), 0);
+    EXPECT_EQ(form.OptionB.value(), -1);
+    form.OptionC.userClick();
+    EXPECT_EQ(form.OptionB.value(), -1);
+    EXPECT_EQ(form.OptionC.value(), -1);
+    EXPECT_EQ(form.events, (std::vector<std::string>{"OptionB_Click", "OptionC_Click"}));
+}
+
+TEST_F(WindowModelTest, CheckBoxToggles)
+{
+    form.Load();
+    form.Check1.userClick();
+    form.Check1.userClick();
+    EXPECT_EQ(form.events, (std::vector<std::string>{"Check1_Click 1", "Check1_Click 0"}));
+}
+
+TEST_F(WindowModelTest, EnterAndEscapeReachTheDefaultAndCancelButtons)
+{
+    // A key that a handler does not swallow goes on to the form's default or cancel button.
+    form.Load();
+    EXPECT_EQ(form.Text1.userKey(keys::Return, keys::Return), 0);
+    EXPECT_EQ(form.Text1.userKey(keys::Escape, keys::Escape), 0);
+    EXPECT_EQ(form.Text1.userKey('A', 'a'), 'a');
+    EXPECT_EQ(form.events, (std::vector<std::string>{"OKBut_Click", "CancelBut_Click"}));
+}
+
+TEST_F(WindowModelTest, AHandlerThatZeroesTheKeySwallowsIt)
+{
+    form.Load();
+    form.Text1.KeyPress = [](int& k) { k = 0; };
+    EXPECT_EQ(form.Text1.userKey(keys::Return, keys::Return), 0);
+    EXPECT_TRUE(form.events.empty());
+}
+
+TEST_F(WindowModelTest, DisabledControlsAndWindowsIgnoreTheUser)
+{
+    form.Load();
+    form.OKBut.setEnabled(false);
+    form.OKBut.userClick();
+    form.OKBut.setEnabled(true);
+    form.setEnabled(false);
+    form.OKBut.userClick();
+    form.List1.userSelect(1);
+    EXPECT_TRUE(form.events.empty());
+}
+
+TEST_F(WindowModelTest, UnloadGivesBackTheDesignValues)
+{
+    // Each opening of a window starts fresh.
+    form.Show();
+    form.Text1.setText("changed");
+    form.List1.addItem("four");
+    form.OptionB.setValue(-1);
+    form.Unload();
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(form.Text1.text(), "start");
+    EXPECT_EQ(form.List1.listCount(), 3);
+    EXPECT_EQ(form.OptionA.value(), -1);
+    EXPECT_EQ(form.OptionB.value(), 0);
+}
+
+TEST_F(WindowModelTest, AQueryUnloadThatCancelsKeepsTheWindow)
+{
+    form.Show();
+    form.cancelUnload = 1;
+    form.userClose();
+    EXPECT_TRUE(form.loaded());
+    form.cancelUnload = 0;
+    form.userClose();
+    EXPECT_FALSE(form.loaded());
+}
+
+TEST_F(WindowModelTest, ATimerTicksOnlyWhileItsWindowIsLoaded)
+{
+    // Interval 100 enabled after the load: ticks at 100 and 200; none after the unload.
+    form.Load();
+    form.Timer1.setEnabled(true);
+    ui.advance(250);
+    form.Unload();
+    ui.advance(1000);
+    EXPECT_EQ(std::count(form.events.begin(), form.events.end(), "Timer1_Timer"), 2);
+}
+
+TEST_F(WindowModelTest, SettingTheIntervalRestartsTheCount)
+{
+    form.Load();
+    form.Timer1.setEnabled(true);
+    ui.advance(90);
+    form.Timer1.setInterval(100);
+    ui.advance(90);
+    EXPECT_TRUE(form.events.empty());
+    ui.advance(10);
+    EXPECT_EQ(form.events, (std::vector<std::string>{"Timer1_Timer"}));
+}
+
+TEST_F(WindowModelTest, ATimerIsNotReenteredWhileItsHandlerWaits)
+{
+    // A handler that lets events run for 500 ms is not called again from inside itself.
+    form.Load();
+    int depth = 0, maxDepth = 0, ticks = 0;
+    form.Timer1.Tick = [&] {
+        ++ticks;
+        maxDepth = std::max(maxDepth, ++depth);
+        if (ticks == 1)
+            for (int i = 0; i < 500; ++i)
+                ui.doEvents();
+        --depth;
+    };
+    form.Timer1.setEnabled(true);
+    ui.advance(700);
+    EXPECT_EQ(maxDepth, 1);
+    EXPECT_GE(ticks, 2);
+}
+
+TEST_F(WindowModelTest, AModalWindowWithoutAnAnswerFailsWithItsPrompt)
+{
+    // Nothing could close it: no script, no timer.
+    try {
+        form.ShowModal();
+        FAIL() << "ShowModal returned";
+    } catch (const headless::UnscriptedQuestion& e) {
+        EXPECT_NE(std::string(e.what()).find("SampleForm"), std::string::npos);
+    }
+}
+
+TEST_F(WindowModelTest, AScriptedModalWindowReturnsWhenItCloses)
+{
+    ui.onModal("SampleForm", [](Form& f) { static_cast<SampleForm&>(f).OKBut.userClick(), f.Unload(); });
+    form.ShowModal();
+    EXPECT_FALSE(form.loaded());
+    EXPECT_EQ(ui.journal(), (std::vector<std::string>{"modal SampleForm"}));
+}
+
+TEST_F(WindowModelTest, MessageBoxesThatAskNeedAScript)
+{
+    EXPECT_EQ(ui.msgBox("Just so you know", msgbox::OKOnly, ""), msgbox::OK);
+    EXPECT_THROW(ui.msgBox("Really?", msgbox::YesNo, ""), headless::UnscriptedQuestion);
+    ui.answerMsgBox("Really", msgbox::No);
+    EXPECT_EQ(ui.msgBox("Really?", msgbox::YesNo, ""), msgbox::No);
+}
+
+TEST_F(WindowModelTest, DoEventsMovesTimeOnAndFiresWhatIsDue)
+{
+    form.Load();
+    form.Timer1.setEnabled(true);
+    const auto start = ui.now();
+    int turns = 0;
+    while (form.events.empty()) {
+        ui.doEvents();
+        ++turns;
+    }
+    EXPECT_EQ(turns, 101); // 100 one-millisecond steps, and the turn that finds the timer due
+    EXPECT_EQ(ui.now() - start, 101);
+}
+
+} // namespace
+} // namespace zandolt
