@@ -121,7 +121,7 @@ void NameForm::design()
     Timer2.Tick = [this] { Timer2_Timer(); };
     SendResultsTimer.Tick = [this] { SendResultsTimer_Timer(); };
     PasswordExpirationTimer.Tick = [this] { PasswordExpirationTimer_Timer(); };
-    WireListSelection(app_, *this);
+    WireIdentification(app_, *this);
     wireMenus();
 }
 

@@ -1,0 +1,247 @@
+// The administrator gate, its expiry, the password changes, and the employee's own test password.
+#include "admin/pass_form.h"
+#include "admin/passwords.h"
+#include "station/name_form.h"
+#include "station/rs232_form.h"
+#include "support/scenario.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt::testing {
+namespace {
+
+class AdminGate : public ScenarioTest
+{
+protected:
+    void start(const std::string& password, int minutes = 0)
+    {
+        writeSettings([&](Settings& s) {
+            s.AdminPassword = password;
+            s.MinutesToUsePassword = static_cast<int16>(minutes);
+        });
+        startStation();
+        ui().clearRecords();
+    }
+    NameForm& main() { return app_->nameForm(); }
+    size_t prompts()
+    {
+        return static_cast<size_t>(std::count(ui().journal().begin(), ui().journal().end(), "modal PassForm"));
+    }
+};
+
+TEST_F(AdminGate, WithNoMainPasswordTheGateIsOpenWithoutAPrompt)
+{
+    start("");
+    EXPECT_EQ(CheckPassWord(*app_), True);
+    EXPECT_EQ(prompts(), 0u);
+}
+
+TEST_F(AdminGate, TheRightPasswordOpensTheGateUntilTheMinutesHavePassed)
+{
+    start("secret", 5);
+    answerPassword("secret");
+    EXPECT_EQ(CheckPassWord(*app_), True);
+    EXPECT_EQ(app_->EnteredPassword, "secret");
+    EXPECT_EQ(CheckPassWord(*app_), True); // no second prompt while it stands open
+    EXPECT_EQ(prompts(), 1u);
+    ui().advance(4 * 60000 + 59000);
+    EXPECT_EQ(app_->EnteredPassword, "secret");
+    ui().advance(2000);
+    EXPECT_EQ(app_->EnteredPassword, "");
+    EXPECT_FALSE(main().PasswordExpirationTimer.enabled());
+}
+
+TEST_F(AdminGate, EveryPassThroughTheGateRestartsTheFullTime)
+{
+    start("secret", 2);
+    answerPassword("secret");
+    CheckPassWord(*app_);
+    ui().advance(90000);
+    CheckPassWord(*app_);
+    ui().advance(90000);
+    EXPECT_EQ(app_->EnteredPassword, "secret");
+    ui().advance(31000);
+    EXPECT_EQ(app_->EnteredPassword, "");
+}
+
+TEST_F(AdminGate, WithNoMinutesTheGateStaysOpenUntilClosedByHand)
+{
+    start("secret", 0);
+    answerPassword("secret");
+    CheckPassWord(*app_);
+    ui().advance(3600 * 1000);
+    EXPECT_EQ(app_->EnteredPassword, "secret");
+    main().mnuUsePassWord.userClick();
+    EXPECT_EQ(app_->EnteredPassword, "");
+    EXPECT_TRUE(ui().messages().empty());
+}
+
+TEST_F(AdminGate, AWrongPasswordMayBeTriedAgainOrGivenUp)
+{
+    start("secret");
+    answerPassword("guess");
+    ui().answerMsgBox("The password is incorrect.  Please try again.", msgbox::OK);
+    answerPassword("secret");
+    EXPECT_EQ(CheckPassWord(*app_), True);
+
+    app_->EnteredPassword.clear();
+    answerPassword("guess");
+    ui().answerMsgBox("The password is incorrect", msgbox::Cancel);
+    EXPECT_EQ(CheckPassWord(*app_), False);
+    EXPECT_EQ(app_->EnteredPassword, "guess"); // harmless: it is not the password
+}
+
+TEST_F(AdminGate, CancelAndAnEmptyAnswer)
+{
+    start("secret");
+    cancelPassword();
+    EXPECT_EQ(CheckPassWord(*app_), False);
+    EXPECT_EQ(app_->EnteredPassword, CancelMarker);
+    // OK on an empty window answers "", which is wrong against a set password.
+    answerPassword("");
+    ui().answerMsgBox("incorrect", msgbox::Cancel);
+    EXPECT_EQ(CheckPassWord(*app_), False);
+    EXPECT_EQ(app_->EnteredPassword, "");
+    // Typing the cancel marker itself counts as a cancel.
+    answerPassword(CancelMarker);
+    EXPECT_EQ(CheckPassWord(*app_), False);
+}
+
+TEST_F(AdminGate, ExitAndMinimiseStandBehindTheGate)
+{
+    start("secret");
+    cancelPassword();
+    main().mnuExit.userClick();
+    EXPECT_FALSE(backend_->ui.quitRequested());
+    answerPassword("secret");
+    main().mnuMinimizw.userClick();
+    EXPECT_EQ(main().windowState(), 1);
+    main().mnuExit.userClick();
+    EXPECT_TRUE(backend_->ui.quitRequested());
+}
+
+TEST_F(AdminGate, TheCloseBoxOfTheMainWindowIsNoWayOut)
+{
+    start("secret");
+    cancelPassword();
+    main().userClose();
+    EXPECT_TRUE(main().loaded());
+    EXPECT_FALSE(backend_->ui.quitRequested());
+}
+
+TEST_F(AdminGate, UsingTheGateWithoutAPasswordSaysSo)
+{
+    start("");
+    main().mnuUsePassWord.userClick();
+    ASSERT_EQ(ui().messages().size(), 1u);
+    EXPECT_EQ(ui().messages()[0].prompt,
+              " There is no password entered.  Please use the Change Password item to create a password.");
+}
+
+TEST_F(AdminGate, ChangingTheMainPasswordAsksTheOldOneAndConfirmsTheNew)
+{
+    start("old");
+    answerPassword("old");
+    answerPassword("new1");
+    answerPassword("typo"); // no match: asked for the new one again, without a message
+    answerPassword("new2");
+    answerPassword("new2");
+    main().mnuChangePassWord.userClick();
+    EXPECT_EQ(app_->AdminPassword, "new2");
+    EXPECT_EQ(app_->EnteredPassword, "new2"); // the gate stands open for it
+    EXPECT_TRUE(ui().messages().empty());
+    EXPECT_NE(read("ZANDOLT.INI").find("\r\nnew2, Password for administrator (main password)\r\n"), std::string::npos);
+}
+
+TEST_F(AdminGate, AWrongOldPasswordChangesNothing)
+{
+    start("old");
+    cancelPassword(); // a cancel counts as a wrong answer here
+    main().mnuChangePassWord.userClick();
+    ASSERT_EQ(ui().messages().size(), 1u);
+    EXPECT_EQ(ui().messages()[0].prompt, "Old password is incorrect");
+    EXPECT_EQ(app_->AdminPassword, "old");
+}
+
+TEST_F(AdminGate, TheEmployeePasswordChangeGivesTheGateBack)
+{
+    start("adm");
+    answerPassword("adm");
+    answerPassword("emp");
+    answerPassword("emp");
+    main().mnuChangeEmployeePassword.userClick();
+    EXPECT_EQ(app_->VacationPassword, "emp");
+    EXPECT_EQ(app_->EnteredPassword, "adm");
+    EXPECT_NE(read("ZANDOLT.INI").find("\r\nemp, Password to allow employees"), std::string::npos);
+}
+
+class EmployeeTestPassword : public ScenarioTest
+{
+protected:
+    void SetUp() override
+    {
+        writeSettings([](Settings& s) { s.AskPasswordBeforeTest = True; });
+        writeEmployees({Employee{.password = "1234"}, Employee{.last = "Roe", .first = "Rick", .id = "4712"}});
+        startStation();
+    }
+};
+
+TEST_F(EmployeeTestPassword, TheRightPasswordStartsTheTestAndLeavesTheGateAsItWas)
+{
+    app_->EnteredPassword = "whatever";
+    answerPassword("1234");
+    pickName(0);
+    EXPECT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->EnteredPassword, "whatever");
+    EXPECT_TRUE(app_->rs232Form().PasswordBut.visible());
+}
+
+TEST_F(EmployeeTestPassword, ThreeWrongAnswersEndWithoutATestOrAMessage)
+{
+    std::vector<std::string> promptsSeen;
+    for (int i = 0; i < 3; ++i)
+        ui().onModal("PassForm", [&promptsSeen](Form& f) {
+            auto& p = static_cast<PassForm&>(f);
+            promptsSeen.push_back(p.PassFormLabel.caption());
+            p.PassEdit.userEdit("0000");
+            p.PassOKBut.userClick();
+        });
+    pickName(0);
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_TRUE(ui().messages().empty());
+    EXPECT_EQ(promptsSeen, (std::vector<std::string>{"Please enter your employee password.",
+                                                     "Sorry, that is not the correct password. Please try again.",
+                                                     "Sorry, that is not the correct password. Please try again."}));
+}
+
+TEST_F(EmployeeTestPassword, AnEmployeeWithoutAPasswordIsNotAsked)
+{
+    pickName(1);
+    EXPECT_TRUE(testWindowOpen());
+}
+
+TEST_F(EmployeeTestPassword, ThePasswordButtonSetsTheOwnPasswordInTheEmployeeFile)
+{
+    answerPassword("1234");
+    pickName(0);
+    answerPassword("5678");
+    answerPassword("5678");
+    app_->rs232Form().PasswordBut.userClick();
+    const std::string names = read("NAMES.TXT");
+    EXPECT_NE(names.find(", 0, 5678, 1\r\n"), std::string::npos);
+    EXPECT_TRUE(app_->rs232Form().LeaveFormTimer.enabled());
+}
+
+TEST_F(EmployeeTestPassword, ACancelledConfirmationAsksForTheNewPasswordAgain)
+{
+    answerPassword("1234");
+    pickName(0);
+    answerPassword("5678");
+    cancelPassword();
+    cancelPassword(); // the cancel of the first prompt ends it
+    app_->rs232Form().PasswordBut.userClick();
+    EXPECT_NE(read("NAMES.TXT").find(", 0, 1234, 0\r\n"), std::string::npos);
+}
+
+} // namespace
+} // namespace zandolt::testing

@@ -1,0 +1,222 @@
+// The station's start: its order, what a missing printer, settings file, employee file or port
+// does, the waiting window of each selection mode, and the one-second tick.
+#include "admin/title_form.h"
+#include "station/err_msg_frm.h"
+#include "station/name_form.h"
+#include "support/scenario.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+namespace zandolt::testing {
+namespace {
+
+class StationStart : public ScenarioTest
+{
+protected:
+    NameForm& main() { return app_->nameForm(); }
+    // The prompts and elements that show, by name.
+    std::vector<std::string> shown()
+    {
+        std::vector<std::string> names;
+        for (Control* c : main().controls())
+            if (c->kind() != ControlKind::Timer && c->visible())
+                names.push_back(c->name());
+        return names;
+    }
+};
+
+TEST_F(StationStart, AStationWithNothingStillComesUpAfterSayingWhatIsMissing)
+{
+    remove(path("ZANDOLT.INI").c_str());
+    remove(path("NAMES.TXT").c_str());
+    backend_->printer.answers = false;
+    testerLine().failOpen = true;
+    std::vector<std::string> errorTexts;
+    for (int i = 0; i < 2; ++i)
+        ui().onModal("ErrMsgFrm", [this, &errorTexts](Form&) {
+            errorTexts.push_back(app_->errMsgFrm().caption() + "|" + app_->errMsgFrm().LabelText.caption());
+        });
+    startStation();
+    EXPECT_EQ(ui().journal(),
+              (std::vector<std::string>{"show PrinterCheckForm",
+                                        "msgbox Printer problem - Make sure a printer is selected and has the proper "
+                                        "driver",
+                                        "msgbox Error opening " + path("ZANDOLT.INI") + ".  Will use default values",
+                                        "modal ErrMsgFrm", "show NameForm", "modal TitleForm", "modal ErrMsgFrm"}));
+    // Without settings the employee file has no path; the port error names the default port 1.
+    ASSERT_EQ(errorTexts.size(), 2u);
+    EXPECT_EQ(errorTexts[0].substr(0, 15), "|Error opening ");
+    EXPECT_EQ(errorTexts[1], "Serial port problem| Could not open port  1");
+    EXPECT_TRUE(main().visible());
+    EXPECT_TRUE(main().Timer2.enabled());
+}
+
+TEST_F(StationStart, AGoodStationStartsQuietlyWithItsListAndItsTitle)
+{
+    writeSettings([](Settings& s) { s.CompanyName = "Acme"; });
+    startStation();
+    EXPECT_EQ(ui().journal(), (std::vector<std::string>{"show PrinterCheckForm", "show NameForm", "modal TitleForm"}));
+    EXPECT_EQ(main().caption(), "Acme ESD PROTECTION TEST LOG");
+    EXPECT_EQ(main().windowState(), 2);
+    EXPECT_EQ(main().List1.items(), std::vector<std::string>{"   1. Doe, Jane"});
+    EXPECT_EQ(app_->titleForm().loaded(), false);
+    EXPECT_TRUE(testerLine().stationOpen());
+    EXPECT_EQ(testerLine().settings(), "9600,N,7,1");
+    EXPECT_TRUE(testerLine().dtrHigh());
+}
+
+TEST_F(StationStart, TheTitleShowsTheVersionWithItsBrandLetter)
+{
+    std::string version;
+    ui().onModal("TitleForm", [this, &version](Form&) { version = app_->titleForm().Label1.caption(); });
+    startStation();
+    EXPECT_EQ(version, "ISO-9000 ESD Protection Test Log Ver 7.12s");
+}
+
+TEST_F(StationStart, AKeyOnTheTitleClosesItAtOnce)
+{
+    ui().onModal("TitleForm", [this](Form& f) { f.userKey('A', 'a'); });
+    startStation();
+    EXPECT_EQ(ui().now(), 0); // no five seconds waited
+}
+
+TEST_F(StationStart, OfflineTestingKeepsDtrLow)
+{
+    writeSettings([](Settings& s) { s.AllowOfflineTesting = True; });
+    startStation();
+    EXPECT_FALSE(testerLine().dtrHigh());
+}
+
+TEST_F(StationStart, TheNameListIsTheOnlyInputWhenNamesAreShown)
+{
+    writeSettings([](Settings& s) { s.ShowLastPerson = True; });
+    startStation();
+    EXPECT_EQ(shown(), (std::vector<std::string>{"SelectYourNameLabel", "List1"}));
+    ui().advance(3000);
+    EXPECT_EQ(main().TimeLabel.caption(), "");
+    EXPECT_EQ(main().LastPersonLabel.caption(), "");
+}
+
+struct Mode
+{
+    int selectionType;
+    int barCode;
+    std::vector<std::string> shown;
+    std::string prompt;
+    std::string more;
+};
+
+class SelectionMode : public StationStart, public ::testing::WithParamInterface<Mode>
+{
+};
+
+TEST_P(SelectionMode, ShowsItsPromptAndMoreText)
+{
+    const Mode m = GetParam();
+    writeSettings([&](Settings& s) {
+        s.EmployeeSelectionType = static_cast<int16>(m.selectionType);
+        s.DontShowNamesFlag = m.selectionType == 0 ? 0 : True;
+        s.BarCodeFlag = static_cast<int16>(m.barCode);
+    });
+    startStation();
+    EXPECT_EQ(shown(), m.shown);
+    Control* prompt = main().findControl(m.shown[1]);
+    EXPECT_EQ(prompt->caption(), m.prompt);
+    EXPECT_EQ(main().MoreNameLabel.caption(), m.more);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Modes, SelectionMode,
+    ::testing::Values(Mode{1,
+                           0,
+                           {"WelcomeLabel", "TypeYourNameLabel", "NameOrIDText", "MoreNameLabel", "TimeLabel"},
+                           "Please type your name",
+                           "or type name (Doe, Jane)"},
+                      Mode{2,
+                           0,
+                           {"WelcomeLabel", "TypeYourBadgeLabel", "NameOrIDText", "MoreNameLabel", "TimeLabel"},
+                           "Please type your badge#",
+                           "or type badge#"},
+                      Mode{3,
+                           0,
+                           {"WelcomeLabel", "TypeYourIDLabel", "NameOrIDText", "MoreNameLabel", "TimeLabel"},
+                           "Please type your ID#",
+                           "or type ID#"},
+                      Mode{4,
+                           0,
+                           {"WelcomeLabel", "TypeYourNameLabel", "NameOrIDText", "MoreNameLabel", "TimeLabel"},
+                           "Please type your name",
+                           "or type name (Doe, Jane) or ID#"},
+                      Mode{2,
+                           1,
+                           {"WelcomeLabel", "ScanYourBadgeLabel", "NameOrIDText", "MoreNameLabel", "TimeLabel"},
+                           "Please scan your badge",
+                           "or type badge#"}));
+
+TEST_F(StationStart, TheWelcomeAndScanTextsOfTheSettingsWin)
+{
+    writeSettings([](Settings& s) {
+        s.EmployeeSelectionType = 2;
+        s.BarCodeFlag = 1;
+        s.WelcomeMessage = "Good morning";
+        s.ScanBadgeMessage = "Badge here";
+        s.NoCardNumbers = True;
+    });
+    startStation();
+    EXPECT_EQ(main().WelcomeLabel.caption(), "Good morning");
+    EXPECT_EQ(main().ScanYourBadgeLabel.caption(), "Badge here");
+    // What is scanned can't be read by the people around.
+    EXPECT_EQ(main().NameOrIDText.foreColor(), main().NameOrIDText.backColor());
+}
+
+TEST_F(StationStart, TheTickShowsTheTimeAndWhoTestedLast)
+{
+    writeSettings([](Settings& s) {
+        s.EmployeeSelectionType = 1;
+        s.ShowLastPerson = True;
+    });
+    startStation();
+    ui().advance(1000);
+    EXPECT_EQ(main().TimeLabel.caption(), "Sunday, November 22, 2026   8:00:06 AM");
+    EXPECT_EQ(main().LastPersonLabel.caption(), "");
+    app_->LastPersonIndex = 0;
+    ui().advance(1000);
+    EXPECT_EQ(main().LastPersonLabel.caption(), " Last tested: Jane Doe");
+}
+
+TEST_F(StationStart, ThePromptsBlinkEveryOtherSecond)
+{
+    startStation();
+    const Color original = main().SelectYourNameLabel.foreColor();
+    ui().advance(1000);
+    EXPECT_EQ(main().SelectYourNameLabel.foreColor(), colors::Red);
+    ui().advance(1000);
+    EXPECT_EQ(main().SelectYourNameLabel.foreColor(), original);
+}
+
+TEST_F(StationStart, AChangedEmployeeFileIsReadAtTheNextTick)
+{
+    startStation();
+    writeEmployees({Employee{}, Employee{.last = "Roe", .first = "Rick", .id = "4712"}});
+    ui().advance(1000);
+    EXPECT_EQ(main().List1.listCount(), 2);
+    EXPECT_EQ(main().List1.list(1), "   2. Roe, Rick");
+}
+
+TEST_F(StationStart, ResizingFitsTheListButNeverBelowItsMinimum)
+{
+    startStation();
+    main().userResized(15000, 10000);
+    EXPECT_EQ(main().List1.width(), 14630);
+    EXPECT_EQ(main().List1.height(), 8880);
+    EXPECT_EQ(main().SelectYourNameLabel.width(), 14900);
+    main().userResized(300, 1000);
+    EXPECT_EQ(main().List1.width(), 14630);
+    EXPECT_EQ(main().List1.height(), 8880);
+    EXPECT_EQ(main().SelectYourNameLabel.width(), 200);
+}
+
+} // namespace
+} // namespace zandolt::testing

@@ -1,0 +1,248 @@
+// Whole visits at the station on virtual time: a name picked in the list, the tester's message,
+// the verdict on the screen, the answer to the tester, the log line, and the window's end.
+#include "station/cartoon_form.h"
+#include "station/name_form.h"
+#include "station/press_form.h"
+#include "station/rs232_form.h"
+#include "support/scenario.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt::testing {
+namespace {
+
+const std::string Jane = "Doe, Jane           , 4711               , 11-22-2026, ";
+
+class TestVisit : public ScenarioTest
+{
+protected:
+    // The virtual day starts at 08:00:00; the title screen stands for five seconds.
+    void openTestWindow()
+    {
+        startStation();
+        pickName(0);
+        ASSERT_TRUE(testWindowOpen());
+        testerLine().clearRecords();
+    }
+    RS232Form& window() { return app_->rs232Form(); }
+    // The time DTR was held low for the answer, or -1.
+    std::int64_t lowPulseMs()
+    {
+        const auto& d = testerLine().dtr();
+        for (size_t i = 0; i + 1 < d.size(); ++i)
+            if (!d[i].high && d[i + 1].high)
+                return d[i + 1].atMs - d[i].atMs;
+        return -1;
+    }
+};
+
+TEST_F(TestVisit, APassIsShownAnsweredLoggedAndTheWindowClosesFiveSecondsLater)
+{
+    openTestWindow();
+    EXPECT_EQ(window().NameLabel.caption(), "Doe, Jane");
+    EXPECT_EQ(window().DateLabel.caption(), "11-22-2026");
+    EXPECT_EQ(window().TimeLabel.caption(), "08:00:05");
+    EXPECT_TRUE(app_->pressForm().visible());
+    EXPECT_FALSE(app_->nameForm().enabled());
+
+    tester(PassMessage());
+    EXPECT_EQ(window().InsTitleLabel.caption(), "OK");
+    EXPECT_EQ(window().InsLabel.caption(), "Readings OK thank you.  Please press the Enter key or click on Cancel.");
+    EXPECT_EQ(window().InsLabel.backColor(), colors::Green);
+    EXPECT_EQ(window().WristResultLabel.caption(), "  OK     = 3.5 Meg");
+    EXPECT_EQ(window().LeftResultLabel.caption(), "  OK     = 12 Meg");
+    EXPECT_EQ(window().RightResultLabel.caption(), "  OK     = 11.2 Meg");
+    // The limits of an employee on automatic become the tester's.
+    EXPECT_EQ(window().WristLoLabel.caption(), " .75 Meg");
+    EXPECT_EQ(window().WristHiLabel.caption(), " 10 Meg");
+    EXPECT_EQ(window().FootHiLabel.caption(), "100 Meg");
+    EXPECT_EQ(testerLine().writtenBytes(), "\xFF");
+    EXPECT_EQ(lowPulseMs(), 41);
+    EXPECT_TRUE(ui().beeps().empty());
+    EXPECT_FALSE(app_->cartoonForm().visible());
+    EXPECT_EQ(logLines(), std::vector<std::string>{Jane + "08:00:05, Wok, Lok, Rok, 03.50, 12.00, 11.20"});
+
+    ui().advance(4900);
+    EXPECT_TRUE(testWindowOpen());
+    ui().advance(200);
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_TRUE(app_->nameForm().enabled());
+    EXPECT_FALSE(app_->pressForm().loaded());
+    EXPECT_EQ(app_->TestWindowOpenFlag, 0);
+    EXPECT_EQ(app_->NameListDirtyFlag, True);
+}
+
+TEST_F(TestVisit, AFailureFlashesTheCartoonAndTheRetryThatPassesIsLoggedToo)
+{
+    openTestWindow();
+    tester(TesterMessage(0.5f, 12, 11.2f, "LO"));
+    EXPECT_EQ(window().InsTitleLabel.caption(), "Wrist Low");
+    EXPECT_EQ(window().InsLabel.caption(), "Wrist strap is low. Check and try again.");
+    EXPECT_EQ(window().InsLabel.backColor(), colors::Red);
+    EXPECT_EQ(window().InsLabel.fontSize(), 12);
+    EXPECT_EQ(window().WristResultLabel.caption(), "**LOW** = .5 Meg");
+    EXPECT_EQ(ui().beeps().size(), 9u);
+    EXPECT_EQ(testerLine().writtenBytes(), "\xFE");
+    EXPECT_EQ(lowPulseMs(), 108);
+    CartoonForm& cartoon = app_->cartoonForm();
+    EXPECT_TRUE(cartoon.visible());
+    EXPECT_TRUE(app_->pressForm().visible());
+    EXPECT_EQ(app_->TestBusyFlag, 0);
+
+    // The cartoon flashes the wrist alone.
+    bool wristLowSeen = false;
+    for (int i = 0; i < 4; ++i) {
+        ui().advance(500);
+        wristLowSeen = wristLowSeen || cartoon.ImageWLO.visible();
+        EXPECT_FALSE(cartoon.ImageLLO.visible() || cartoon.ImageRLO.visible() || cartoon.ImageLHI.visible());
+    }
+    EXPECT_TRUE(wristLowSeen);
+
+    tester(PassMessage());
+    EXPECT_FALSE(cartoon.loaded());
+    EXPECT_EQ(window().InsTitleLabel.caption(), "OK");
+    EXPECT_EQ(logLines(), (std::vector<std::string>{Jane + "08:00:05, Wlo, Lok, Rok, 00.50, 12.00, 11.20",
+                                                    Jane + "08:00:07, Wok, Lok, Rok, 03.50, 12.00, 11.20"}));
+    ui().advance(5100);
+    EXPECT_FALSE(testWindowOpen());
+}
+
+TEST_F(TestVisit, AfterAFailureTheWindowClosesWhenNoPressComesWithinTheRetestTime)
+{
+    openTestWindow();
+    tester(TesterMessage(0.5f, 12, 11.2f, "LO"));
+    ui().advance(9900);
+    EXPECT_TRUE(testWindowOpen());
+    ui().advance(200);
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_EQ(logLines().size(), 1u);
+}
+
+TEST_F(TestVisit, AnEmployeeWhoNeverPressesIsOutAfterThirtySeconds)
+{
+    openTestWindow();
+    ui().advance(29900);
+    EXPECT_TRUE(testWindowOpen());
+    ui().advance(200);
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_FALSE(exists("LOG.TXT"));
+}
+
+TEST_F(TestVisit, WithNoRetestTimeTheWindowStaysAfterAPassUntilCancel)
+{
+    writeSettings([](Settings& s) { s.SecondsToRetest = 0; });
+    openTestWindow();
+    tester(PassMessage());
+    ui().advance(60000);
+    EXPECT_TRUE(testWindowOpen());
+    window().CancelButton.userClick();
+    EXPECT_FALSE(testWindowOpen());
+}
+
+TEST_F(TestVisit, AGarbledMessageIsACommunicationFailureWithoutAnswerOrCartoon)
+{
+    openTestWindow();
+    tester("W=garbled");
+    EXPECT_EQ(window().RSinLabel.caption(), "W=garbled");
+    ui().advance(1990);
+    EXPECT_TRUE(logLines().empty());
+    ui().advance(20);
+    EXPECT_EQ(window().InsTitleLabel.caption(), "Communications failure");
+    EXPECT_EQ(window().InsLabel.caption(), "Communications failure.  Try pressing the switch longer.");
+    EXPECT_EQ(window().WristResultLabel.caption(), "    -    ");
+    EXPECT_EQ(testerLine().writtenBytes(), "");
+    EXPECT_FALSE(app_->cartoonForm().visible());
+    EXPECT_EQ(logLines(), std::vector<std::string>{Jane + "08:00:07, ComFail,  *,  *,  *,  *,  *,  *"});
+    // A new attempt is offered.
+    EXPECT_TRUE(app_->pressForm().visible());
+    tester(PassMessage());
+    EXPECT_EQ(logLines().size(), 2u);
+}
+
+TEST_F(TestVisit, AStationThatStaysArmedTestsAgainAfterAPass)
+{
+    writeSettings([](Settings& s) {
+        s.NoMonitorFlag = True;
+        s.TagType = 2;
+    });
+    openTestWindow();
+    tester(PassMessage());
+    EXPECT_EQ(backend_->printer.documents().size(), 1u);
+    EXPECT_EQ(app_->TestBusyFlag, 0);
+    ui().advance(5100);
+    EXPECT_TRUE(testWindowOpen());
+    tester(PassMessage());
+    EXPECT_EQ(logLines().size(), 2u);
+    EXPECT_EQ(backend_->printer.documents().size(), 2u);
+}
+
+TEST_F(TestVisit, TesterTextAfterAPassStartsNoSecondVerdict)
+{
+    openTestWindow();
+    tester(PassMessage());
+    tester(PassMessage());
+    // The text still lands on the window, behind what came before.
+    EXPECT_EQ(window().RSinLabel.caption(), PassMessage() + PassMessage());
+    EXPECT_EQ(logLines().size(), 1u);
+    EXPECT_EQ(testerLine().writtenBytes(), "\xFF");
+}
+
+TEST_F(TestVisit, APortThatCannotDriveDtrStillCarriesTheByte)
+{
+    openTestWindow();
+    testerLine().dtrUnsupported = true;
+    tester(PassMessage());
+    EXPECT_EQ(testerLine().writtenBytes(), "\xFF");
+    EXPECT_EQ(logLines().size(), 1u);
+}
+
+TEST_F(TestVisit, ALogFileHeldByAnotherStationIsWrittenOnceItIsFree)
+{
+    openTestWindow();
+    backend_->files.failAppends(3);
+    tester(PassMessage());
+    EXPECT_EQ(logLines().size(), 1u);
+    EXPECT_TRUE(ui().messages().empty());
+}
+
+TEST_F(TestVisit, ALogFileThatNeverOpensGivesTheMessageAndTheOutcomeStands)
+{
+    openTestWindow();
+    backend_->files.failAppends(11, FileResult::Failed);
+    tester(PassMessage());
+    ASSERT_EQ(ui().messages().size(), 1u);
+    EXPECT_EQ(ui().messages()[0].prompt, " Error opening Log file.  It may be in use. Please try again.");
+    EXPECT_FALSE(exists("LOG.TXT"));
+    EXPECT_EQ(window().InsTitleLabel.caption(), "OK");
+}
+
+struct Outcome
+{
+    float wrist, left, right;
+    unsigned char byte;
+    int lowMs;
+};
+
+class TesterAnswer : public TestVisit, public ::testing::WithParamInterface<Outcome>
+{
+};
+
+TEST_P(TesterAnswer, EachOutcomeGetsItsByteAndPulse)
+{
+    // Right foot first, then left, then wrist: the first problem found decides.
+    writeEmployees({Employee{.footMax = "50"}});
+    openTestWindow();
+    const Outcome o = GetParam();
+    tester(TesterMessage(o.wrist, o.left, o.right));
+    EXPECT_EQ(testerLine().writtenBytes(), std::string(1, static_cast<char>(o.byte)));
+    EXPECT_EQ(lowPulseMs(), o.lowMs);
+}
+
+INSTANTIATE_TEST_SUITE_P(Outcomes, TesterAnswer,
+                         ::testing::Values(Outcome{3.5f, 12, 11.2f, 0xFF, 41}, Outcome{0.5f, 12, 0.5f, 0xE0, 328},
+                                           Outcome{0.5f, 12, 60, 0xC0, 383}, Outcome{20, 0.5f, 11.2f, 0xF8, 218},
+                                           Outcome{0.5f, 60, 11.2f, 0xF0, 273}, Outcome{0.5f, 12, 11.2f, 0xFE, 108},
+                                           Outcome{20, 12, 11.2f, 0xFC, 163}));
+
+} // namespace
+} // namespace zandolt::testing

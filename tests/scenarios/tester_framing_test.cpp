@@ -1,0 +1,107 @@
+// How the station collects the tester's message: noise, pieces, the 71st character and the
+// two-second window, and text that comes when no test window is open.
+#include "station/rs232_form.h"
+#include "support/scenario.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt::testing {
+namespace {
+
+class TesterFraming : public ScenarioTest
+{
+protected:
+    void SetUp() override
+    {
+        startStation();
+        pickName(0);
+    }
+    RS232Form& window() { return app_->rs232Form(); }
+};
+
+TEST_F(TesterFraming, NoiseInItsOwnReadIsThrownAwayAndTheMessageAfterItCounts)
+{
+    tester("\x05x");
+    EXPECT_EQ(app_->TesterText, "");
+    tester(PassMessage());
+    EXPECT_EQ(logLines().size(), 1u);
+}
+
+TEST_F(TesterFraming, AMessageThatBeginsBehindNoiseInOneReadIsLost)
+{
+    tester("xx" + PassMessage());
+    ui().advance(3000);
+    EXPECT_FALSE(exists("LOG.TXT"));
+    EXPECT_FALSE(window().Timer1.enabled());
+}
+
+TEST_F(TesterFraming, SeventyOneCharactersInOneReadAreJudgedAtOnce)
+{
+    tester(PassMessage());
+    EXPECT_EQ(logLines().size(), 1u);
+    EXPECT_FALSE(ui().timerRunning(window().Timer1));
+}
+
+TEST_F(TesterFraming, AMessageInPiecesIsJudgedWithItsLastCharacter)
+{
+    const std::string m = PassMessage();
+    tester(m.substr(0, 30));
+    EXPECT_TRUE(window().Timer1.enabled());
+    ui().advance(500);
+    tester(m.substr(30, 40));
+    EXPECT_TRUE(logLines().empty());
+    ui().advance(500);
+    tester(m.substr(70));
+    EXPECT_EQ(logLines().size(), 1u);
+    EXPECT_EQ(logLines()[0].substr(66, 3), "Wok");
+}
+
+TEST_F(TesterFraming, SeventyCharactersAreJudgedWhenTheTwoSecondsAreOver)
+{
+    // 70 characters pass the length test, but "M" is missing at 71: a communication failure.
+    tester(PassMessage().substr(0, 70));
+    ui().advance(1999);
+    EXPECT_TRUE(logLines().empty());
+    ui().advance(1);
+    ASSERT_EQ(logLines().size(), 1u);
+    EXPECT_NE(logLines()[0].find("ComFail"), std::string::npos);
+}
+
+TEST_F(TesterFraming, TheTwoSecondsCountFromTheFirstCharacters)
+{
+    const std::string m = PassMessage();
+    tester(m.substr(0, 20));
+    ui().advance(1500);
+    tester(m.substr(20, 20));
+    ui().advance(600);
+    ASSERT_EQ(logLines().size(), 1u);
+    EXPECT_NE(logLines()[0].find("ComFail"), std::string::npos);
+}
+
+TEST_F(TesterFraming, TextOutsideATestWaitsInThePortAndTheNextWindowDropsIt)
+{
+    window().CancelButton.userClick();
+    tester(PassMessage());
+    EXPECT_EQ(testerLine().pending(), PassMessage());
+    EXPECT_FALSE(exists("LOG.TXT"));
+    pickName(0);
+    EXPECT_EQ(testerLine().pending(), "");
+    EXPECT_EQ(app_->TesterText, "");
+    ui().advance(3000);
+    EXPECT_FALSE(exists("LOG.TXT"));
+}
+
+TEST_F(TesterFraming, EveryTextFromTheTesterPushesTheClosingAway)
+{
+    // The 30 seconds of the opening give way to the retest time at the first text.
+    ui().advance(25000);
+    tester("W=0");
+    ui().advance(2000); // the verdict: a communication failure, and 10 s to try again
+    ui().advance(9000);
+    EXPECT_TRUE(app_->rs232Form().loaded());
+    ui().advance(1200);
+    EXPECT_FALSE(app_->rs232Form().loaded());
+}
+
+} // namespace
+} // namespace zandolt::testing

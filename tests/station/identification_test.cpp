@@ -1,0 +1,173 @@
+// Who stands at the station: the list with its keys, the typed text with its trimming and search,
+// the catch-all row, the expired ID, and the messages of a failed identification.
+#include "data/settings_file.h"
+#include "station/identification.h"
+#include "station/name_form.h"
+#include "station/rs232_form.h"
+#include "support/scenario.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt::testing {
+namespace {
+
+TEST(TrimIdentification, TheLastCharactersTheSkippedOnesAndTheFirstOnes)
+{
+    // Worked out from the rules with the text "ABCDEFGH" (L = 8).
+    EXPECT_EQ(TrimIdentification("ABCDEFGH", 0, 0), "ABCDEFGH");
+    EXPECT_EQ(TrimIdentification("ABCDEFGH", 4, 0), "EFGH");
+    EXPECT_EQ(TrimIdentification("ABCDEFGH", 4, 2), "CDEF");  // U from position S + 1
+    EXPECT_EQ(TrimIdentification("ABCDEFGH", 4, 5), "EFGH");  // S + U beyond L: the last U
+    EXPECT_EQ(TrimIdentification("ABCDEFGH", 4, -2), "CDEF"); // from L - U + S + 1 = 3
+    EXPECT_EQ(TrimIdentification("ABCDEFGH", 4, -9), "ABCD"); // never before position 1
+    EXPECT_EQ(TrimIdentification("ABCDEFGH", -3, 0), "ABC");
+    EXPECT_EQ(TrimIdentification("ABC", 4, 0), "ABC"); // shorter than U: whole
+    EXPECT_EQ(TrimIdentification("AB", -3, 0), "AB");
+}
+
+class Identification : public ScenarioTest
+{
+protected:
+    void start(int selectionType, const std::vector<Employee>& employees,
+               const std::function<void(Settings&)>& more = {})
+    {
+        writeSettings([&](Settings& s) {
+            s.EmployeeSelectionType = static_cast<int16>(selectionType);
+            if (more)
+                more(s);
+        });
+        writeEmployees(employees);
+        startStation();
+        ui().clearRecords();
+    }
+    NameForm& main() { return app_->nameForm(); }
+    void type(const std::string& text)
+    {
+        main().NameOrIDText.userEdit(text);
+        main().NameOrIDText.userKey(keys::Return, keys::Return);
+    }
+    std::vector<Employee> staff()
+    {
+        return {Employee{.last = "Doe", .first = "Jane", .id = "ASM-4711:900"},
+                Employee{.last = "Roe", .first = "Rick", .id = "SMT-4712"}};
+    }
+};
+
+TEST_F(Identification, ANameTypedInAnyCaseFindsItsRow)
+{
+    start(1, staff());
+    type("roe, rick");
+    EXPECT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->CurrentEmployee, 1);
+    EXPECT_EQ(main().NameOrIDText.text(), "");
+}
+
+TEST_F(Identification, AnIdIsMatchedBehindItsHyphenAndABadgeByItself)
+{
+    start(3, staff());
+    type("4712");
+    EXPECT_EQ(app_->CurrentEmployee, 1);
+    app_->rs232Form().CancelButton.userClick();
+    writeSettings([](Settings& s) { s.EmployeeSelectionType = 2; });
+    ReadIniFile(*app_);
+    type("900");
+    EXPECT_EQ(app_->CurrentEmployee, 0);
+}
+
+TEST_F(Identification, ANameWhereOnlyBadgesCountIsRefusedAsAName)
+{
+    // No digit and ", ": a name, and names are not accepted here.
+    start(2, staff());
+    std::string seen;
+    ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
+    type("Doe, Jane");
+    EXPECT_EQ(seen, "Incorrect entry|Sorry, names are not accepted, please enter your badge#");
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_EQ(main().NameOrIDText.text(), "");
+}
+
+TEST_F(Identification, AnUnknownNumberGivesTheUnknownIdMessage)
+{
+    start(3, staff());
+    std::string seen;
+    ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
+    type("9999");
+    EXPECT_EQ(seen, "ID not found|Sorry your ID was not found.  Please contact your supervisor.");
+}
+
+TEST_F(Identification, AnUnknownNameWhereNamesCountIsNotFound)
+{
+    start(4, staff());
+    std::string seen;
+    ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
+    type("Smith, Ann");
+    EXPECT_EQ(seen, "Incorrect entry|Sorry, your name was not found");
+}
+
+TEST_F(Identification, TheCatchAllRowTakesEveryUnknownId)
+{
+    start(3, {Employee{.last = "Visitor", .first = "Any", .id = "GUEST-???"}, Employee{}});
+    type("123456");
+    EXPECT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Visitor, Any");
+}
+
+TEST_F(Identification, ABarcodeIsTrimmedBeforeItIsCompared)
+{
+    start(2, staff(), [](Settings& s) {
+        s.BarCodeFlag = 1;
+        s.UseLastChars = 3;
+    });
+    type("XX-00900");
+    EXPECT_EQ(app_->CurrentEmployee, 0);
+}
+
+TEST_F(Identification, AnIdMarkedExpiredForTodayIsTurnedAway)
+{
+    // 22 November 2026 is day 326 of its year.
+    Employee expired;
+    expired.attendance = std::string(325, 'A') + "X" + std::string(46, 'A');
+    start(0, {expired});
+    pickName(0);
+    EXPECT_FALSE(testWindowOpen());
+    ASSERT_EQ(ui().messages().size(), 1u);
+    EXPECT_EQ(ui().messages()[0].prompt,
+              "Sorry, your ID has expired, please see system administrator (leave status = X).");
+}
+
+TEST_F(Identification, NumbersAndLettersTypedInTheListSelectARow)
+{
+    std::vector<Employee> many;
+    for (const char* last :
+         {"Able", "Baker", "Bell", "Carter", "Dunn", "Ellis", "Fox", "Gray", "Hale", "Irwin", "Jones", "King"})
+        many.push_back(Employee{.last = last});
+    start(0, many);
+    ListBox& list = main().List1;
+    list.userKey('1', '1');
+    EXPECT_EQ(list.listIndex(), 0);
+    list.userKey('2', '2'); // 12
+    EXPECT_EQ(list.listIndex(), 11);
+    list.userKey(keys::Back, keys::Back); // 12 / 10 rounds to 1
+    EXPECT_EQ(app_->TypedNumber, 1);
+    list.userKey('B', 'b');
+    list.userKey('E', 'e');
+    EXPECT_EQ(list.listIndex(), 2); // "Bell", the first name beginning with "be"
+    EXPECT_FALSE(testWindowOpen());
+    list.userKey(keys::Return, keys::Return);
+    EXPECT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Bell, Jane");
+}
+
+TEST_F(Identification, TheEnterLeftOverFromAReaderIsDropped)
+{
+    start(0, staff(), [](Settings& s) { s.BarCodeFlag = 1; });
+    // The list was just filled, so it is "dirty" until a key other than Enter.
+    main().List1.userKey(keys::Return, keys::Return);
+    EXPECT_FALSE(testWindowOpen());
+    main().List1.userKey(40, 0); // an arrow key
+    main().List1.userKey(keys::Return, keys::Return);
+    EXPECT_TRUE(testWindowOpen());
+}
+
+} // namespace
+} // namespace zandolt::testing

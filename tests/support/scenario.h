@@ -1,0 +1,55 @@
+// A whole station on the headless backend: settings and employees written as files, the main
+// window started as the program starts it, and helpers that act as the employee and the tester.
+#pragma once
+
+#include "data/settings.h"
+#include "support/station_fixture.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zandolt::testing {
+
+struct Employee
+{
+    std::string last = "Doe", first = "Jane", id = "4711";
+    std::string wristMin = "-1", wristMax = "-1", footMin = "-1", footMax = "-1";
+    std::string wristEnable = "-1", footEnable = "-1";
+    std::string certExpiry = "12/31/2030";
+    std::string attendance = std::string(372, 'A');
+    std::string password;
+};
+
+// One line of NAMES.TXT for the employee, in the writer's field order.
+std::string NamesLine(const Employee& e);
+
+// The tester's message for three readings in the two-digit form, with the switch taking nothing
+// out and the DIP limits 0.75-10 (wrist) and 0.75-99.98 (foot).
+std::string PassMessage();
+std::string TesterMessage(float wrist, float left, float right, const std::string& wristState = "OK",
+                          const std::string& footState = "OK");
+
+class ScenarioTest : public StationTest
+{
+protected:
+    ScenarioTest();
+
+    // ZANDOLT.INI with every default and the given changes.
+    void writeSettings(const std::function<void(Settings&)>& change = {});
+    void writeEmployees(const std::vector<Employee>& employees);
+    // Loads the main window as the program does; the title screen closes by its own timer.
+    void startStation();
+    // The employee clicks the name in the list (the test starts at the release of the button).
+    void pickName(int row);
+    // The tester sends text, which arrives on the next turn of the event loop.
+    void tester(const std::string& text);
+    headless::LoopbackLine& testerLine() { return line(1); }
+    // The next showing of the password window gets this typed and OK pressed, or Cancel.
+    void answerPassword(const std::string& text);
+    void cancelPassword();
+    std::vector<std::string> logLines();
+    bool testWindowOpen();
+};
+
+} // namespace zandolt::testing
