@@ -7,6 +7,7 @@
 #include "data/number_text.h"
 #include "data/settings_file.h"
 #include "data/strings.h"
+#include "station/card_readers.h"
 #include "station/err_msg_frm.h"
 #include "station/identification.h"
 #include "station/printer_check_form.h"
@@ -63,6 +64,7 @@ NameForm::NameForm(App& app)
       proxComm_(app.serial.createPort())
 {
     comm1_->onReceive = [this] { TesterPortReceived(app_); };
+    proxComm_->onReceive = [this] { ReaderPortReceived(app_); };
     finishConstruction();
 }
 
@@ -118,6 +120,7 @@ void NameForm::design()
     SendResultsTimer.setEnabled(false);
     PasswordExpirationTimer.setEnabled(false);
 
+    Timer1.Tick = [this] { ReaderSilenceTimer(app_); };
     Timer2.Tick = [this] { Timer2_Timer(); };
     SendResultsTimer.Tick = [this] { SendResultsTimer_Timer(); };
     PasswordExpirationTimer.Tick = [this] { PasswordExpirationTimer_Timer(); };
