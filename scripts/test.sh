@@ -22,6 +22,7 @@ run_suite build
 echo "== Build and test under AddressSanitizer and UndefinedBehaviorSanitizer"
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+export LSAN_OPTIONS="suppressions=$(pwd)/tests/lsan.supp:print_suppressions=0"
 # Qt's own libraries are not built with the sanitizers; the core, the backends and every test are.
 run_suite build-sanitize -DZANDOLT_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug
 

@@ -494,6 +494,10 @@ void Form::Load()
 {
     if (loaded_)
         return;
+    if (needsRedesign_) {
+        needsRedesign_ = false;
+        redesign();
+    }
     loaded_ = true;
     loading_ = true;
     ui_.formLoaded(*this);
@@ -545,7 +549,9 @@ void Form::Unload(UnloadMode mode)
     loaded_ = false;
     visible_ = false;
     ui_.formUnloaded(*this);
-    redesign();
+    // The design values come back at the next load: redesigning now would replace the event slot
+    // whose handler is still running this unload.
+    needsRedesign_ = true;
 }
 
 void Form::discard()

@@ -400,8 +400,8 @@ public:
     // Shows the window and returns when it has been hidden or unloaded; events go on meanwhile.
     void ShowModal();
     void Hide();
-    // Closes the window: QueryUnload and Unload may cancel; then the window goes and the controls
-    // return to their design values.
+    // Closes the window: QueryUnload and Unload may cancel; then the window goes, and the controls
+    // are back at their design values when it loads again.
     void Unload(UnloadMode mode = UnloadMode::Code);
     // 0 brings the window to the front, 1 sends it behind the others.
     void ZOrder(int position = 0);
@@ -465,6 +465,7 @@ private:
     bool modal_ = false;
     bool loading_ = false;
     bool designing_ = true;
+    bool needsRedesign_ = false;
 
 protected:
     // A subclass constructor calls this once its members exist.

@@ -136,6 +136,7 @@ TEST_F(WindowModelTest, UnloadGivesBackTheDesignValues)
     form.OptionB.setValue(-1);
     form.Unload();
     EXPECT_FALSE(form.loaded());
+    form.Load();
     EXPECT_EQ(form.Text1.text(), "start");
     EXPECT_EQ(form.List1.listCount(), 3);
     EXPECT_EQ(form.OptionA.value(), -1);
