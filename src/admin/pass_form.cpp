@@ -33,7 +33,10 @@ void PassForm::design()
     PassCancelBut.move(2760, 1470, 1215, 435);
     PassCancelBut.setCaption("&Cancel");
     PassCancelBut.setCancel(true);
+}
 
+void PassForm::wire()
+{
     PassEdit.Change = [this] { app_.EnteredPassword = PassEdit.text(); };
     PassEdit.KeyPress = [this](int& keyAscii) {
         if (keyAscii == keys::Return) {

@@ -24,6 +24,7 @@ public:
 
 protected:
     void design() override;
+    void wire() override;
     void Form_Load() override;
 
 private:

@@ -51,7 +51,10 @@ void TitleForm::design()
     Command1.setDefault(true);
     Timer1.setInterval(5000);
     Timer1.setEnabled(true);
+}
 
+void TitleForm::wire()
+{
     Command1.Click = [this] { Unload(); };
     Timer1.Tick = [this] {
         Timer1.setEnabled(false);

@@ -21,6 +21,7 @@ public:
 
 protected:
     void design() override;
+    void wire() override;
     void Form_Load() override;
     void Form_KeyPress(int& keyAscii) override;
     void Form_Click() override;

@@ -410,6 +410,7 @@ void Form::finishConstruction()
 {
     designing_ = true;
     design();
+    wire();
     designing_ = false;
 }
 
@@ -494,10 +495,6 @@ void Form::Load()
 {
     if (loaded_)
         return;
-    if (needsRedesign_) {
-        needsRedesign_ = false;
-        redesign();
-    }
     loaded_ = true;
     loading_ = true;
     ui_.formLoaded(*this);
@@ -549,9 +546,7 @@ void Form::Unload(UnloadMode mode)
     loaded_ = false;
     visible_ = false;
     ui_.formUnloaded(*this);
-    // The design values come back at the next load: redesigning now would replace the event slot
-    // whose handler is still running this unload.
-    needsRedesign_ = true;
+    redesign();
 }
 
 void Form::discard()

@@ -355,7 +355,7 @@ private:
 enum class UnloadMode { Code = 1, ControlBox = 0, AppEnding = 2 };
 
 // A window. A subclass declares its controls as members (constructed with *this), sets their
-// design-time properties in design() and wires their slots there. A form exists as an object for
+// design-time properties in design() and connects their slots in wire(). A form exists as an object for
 // the program's life; Load/Unload create and destroy its window, and an unload puts every control
 // back to its design values, so each opening starts fresh.
 class Form
@@ -400,8 +400,8 @@ public:
     // Shows the window and returns when it has been hidden or unloaded; events go on meanwhile.
     void ShowModal();
     void Hide();
-    // Closes the window: QueryUnload and Unload may cancel; then the window goes, and the controls
-    // are back at their design values when it loads again.
+    // Closes the window: QueryUnload and Unload may cancel; then the window goes and the controls
+    // return to their design values.
     void Unload(UnloadMode mode = UnloadMode::Code);
     // 0 brings the window to the front, 1 sends it behind the others.
     void ZOrder(int position = 0);
@@ -424,9 +424,12 @@ public:
     int userKey(int keyCode, int keyAscii, int shift = 0);
 
 protected:
-    // Sets the design-time values of the form and its controls and wires the event slots. Called
-    // by the subclass constructor and after each unload.
+    // Sets the design-time values of the form and its controls. Called by the subclass constructor
+    // and again when the form loads after an unload.
     virtual void design() = 0;
+    // Connects the event slots of the controls, once, after the first design. Kept apart from
+    // design() because a window's handlers may still be running when its design values return.
+    virtual void wire() {}
 
     virtual void Form_Load() {}
     virtual void Form_QueryUnload(int& /*cancel*/, UnloadMode /*mode*/) {}
@@ -465,7 +468,6 @@ private:
     bool modal_ = false;
     bool loading_ = false;
     bool designing_ = true;
-    bool needsRedesign_ = false;
 
 protected:
     // A subclass constructor calls this once its members exist.

@@ -23,9 +23,13 @@ void ErrMsgFrm::design()
     OKBut.setCaption("OK");
     OKBut.move(2880, 1980, 1440, 495);
     OKBut.setDefault(true);
+    Timer1.setEnabled(false);
+}
+
+void ErrMsgFrm::wire()
+{
     OKBut.Click = [this] { OKBut_Click(); };
     OKBut.MouseUp = [this](MouseButton, int, int, int) { OKBut_Click(); };
-    Timer1.setEnabled(false);
     Timer1.Tick = [this] { Timer1_Timer(); };
 }
 

@@ -23,6 +23,7 @@ public:
 
 protected:
     void design() override;
+    void wire() override;
     void Form_Load() override;
 
 private:

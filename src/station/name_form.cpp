@@ -119,7 +119,10 @@ void NameForm::design()
     Timer2.setEnabled(false);
     SendResultsTimer.setEnabled(false);
     PasswordExpirationTimer.setEnabled(false);
+}
 
+void NameForm::wire()
+{
     Timer1.Tick = [this] { ReaderSilenceTimer(app_); };
     Timer2.Tick = [this] { Timer2_Timer(); };
     SendResultsTimer.Tick = [this] { SendResultsTimer_Timer(); };

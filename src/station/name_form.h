@@ -55,6 +55,7 @@ public:
 
 protected:
     void design() override;
+    void wire() override;
     void Form_Load() override;
     void Form_Resize() override;
     void Form_QueryUnload(int& cancel, UnloadMode mode) override;

@@ -168,6 +168,10 @@ void RS232Form::design()
 
     LeaveFormTimer.setEnabled(false);
     Timer1.setEnabled(false);
+}
+
+void RS232Form::wire()
+{
     LeaveFormTimer.Tick = [this] { LeaveFormTimer_Timer(); };
     Timer1.Tick = [this] { ReceiveWindowOver(app_); };
     CancelButton.Click = [this] { Unload(); };

@@ -35,6 +35,7 @@ public:
 
 protected:
     void design() override;
+    void wire() override;
     void Form_Load() override;
     void Form_Unload(int& cancel) override;
 

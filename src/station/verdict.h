@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace zandolt {
 
@@ -52,6 +53,9 @@ struct Verdict
 };
 
 Verdict JudgeTest(const VerdictInput& input, const TestRecord& before);
+
+// The title and the message of an outcome code, the reserved codes and unknown ones included.
+std::pair<std::string, std::string> ResultTitleAndMessage(int code, Language language);
 
 // The answer to the tester: one byte, and the time DTR is held low.
 struct ReturnSignal

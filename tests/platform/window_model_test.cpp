@@ -43,6 +43,9 @@ protected:
         CancelBut.setCancel(true);
         Timer1.setInterval(100);
         Timer1.setEnabled(false);
+    }
+    void wire() override
+    {
         Text1.Change = [this] { events.push_back("Text1_Change " + Text1.text()); };
         List1.Click = [this] { events.push_back("List1_Click " + std::to_string(List1.listIndex())); };
         OptionA.Click = [this] { events.push_back("OptionA_Click"); };

@@ -53,7 +53,7 @@ TEST_F(TesterFraming, AMessageInPiecesIsJudgedWithItsLastCharacter)
     ui().advance(500);
     tester(m.substr(70));
     EXPECT_EQ(logLines().size(), 1u);
-    EXPECT_EQ(logLines()[0].substr(66, 3), "Wok");
+    EXPECT_EQ(logLines()[0].substr(65, 3), "Wok"); // columns 66 to 68
 }
 
 TEST_F(TesterFraming, SeventyCharactersAreJudgedWhenTheTwoSecondsAreOver)

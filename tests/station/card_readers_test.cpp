@@ -1,6 +1,7 @@
 // Card readers: the card data of each kind turned into a card number, and a card that identifies
 // its employee, also in the middle of another employee's test.
 #include "station/card_readers.h"
+#include "station/err_msg_frm.h"
 #include "station/name_form.h"
 #include "station/rs232_form.h"
 #include "support/scenario.h"

@@ -1,6 +1,8 @@
 // Who stands at the station: the list with its keys, the typed text with its trimming and search,
 // the catch-all row, the expired ID, and the messages of a failed identification.
+#include "data/names_file.h"
 #include "data/settings_file.h"
+#include "station/err_msg_frm.h"
 #include "station/identification.h"
 #include "station/name_form.h"
 #include "station/rs232_form.h"
@@ -69,7 +71,8 @@ TEST_F(Identification, AnIdIsMatchedBehindItsHyphenAndABadgeByItself)
     EXPECT_EQ(app_->CurrentEmployee, 1);
     app_->rs232Form().CancelButton.userClick();
     writeSettings([](Settings& s) { s.EmployeeSelectionType = 2; });
-    ReadIniFile(*app_);
+    ReadIniFile(*app_); // which empties the table, so the file is read again too
+    ReadNamesFile(*app_);
     type("900");
     EXPECT_EQ(app_->CurrentEmployee, 0);
 }

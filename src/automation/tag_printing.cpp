@@ -1,0 +1,94 @@
+#include "automation/tag_printing.h"
+
+#include "app.h"
+#include "station/err_msg_frm.h"
+
+#include <cstdio>
+
+namespace zandolt {
+
+namespace {
+
+std::string trimBlanks(const std::string& s)
+{
+    const size_t b = s.find_first_not_of(' ');
+    if (b == std::string::npos)
+        return {};
+    return s.substr(b, s.find_last_not_of(' ') - b + 1);
+}
+
+std::string timeAndDate(App& app)
+{
+    const DateTime now = app.clock.now();
+    char time[16];
+    std::snprintf(time, sizeof time, "%02d:%02d:%02d", now.hour, now.minute, now.second);
+    return std::string(time) + " " + app.locale.shortDate(now);
+}
+
+std::vector<std::string> splitLines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    size_t start = 0;
+    while (start < text.size()) {
+        size_t end = text.find('\n', start);
+        if (end == std::string::npos)
+            end = text.size();
+        std::string line = text.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        lines.push_back(line);
+        start = end + 1;
+    }
+    return lines;
+}
+
+} // namespace
+
+std::string FillTagTemplateLine(const std::string& line, const std::string& timeAndDate, const std::string& name)
+{
+    for (const auto& [marker, value] : {std::pair<const char*, const std::string&>{"---date---", timeAndDate},
+                                        std::pair<const char*, const std::string&>{"---name---", name}}) {
+        const size_t p = line.find(marker);
+        if (p != std::string::npos)
+            return trimBlanks(line.substr(0, p)) + value + line.substr(p + 10);
+    }
+    return line;
+}
+
+void PrintTag(App& app)
+{
+    const size_t row = static_cast<size_t>(app.CurrentEmployee);
+    const std::string name = app.FirstName.at(row) + " " + app.LastName.at(row);
+    if (app.TagType == 2) {
+        for (const std::string& line : {std::string("ESD FOOTWEAR TEST"), std::string("   PASS"), timeAndDate(app),
+                                        name, std::string(), std::string()})
+            app.printer.printLine(line);
+        app.printer.endDoc();
+        return;
+    }
+    if (app.TagType != 1)
+        return;
+
+    std::string text;
+    const FileResult opened = app.files.readAll(app.ZebraPath, text);
+    if (opened == FileResult::NotFound || opened == FileResult::Busy) {
+        ShowTimedError(app, "Error opening file" + app.ZebraPath);
+        return;
+    }
+    if (opened != FileResult::Ok) {
+        ShowTimedError(app, "Error reading file" + app.ZebraPath);
+        return;
+    }
+    const std::string stamp = timeAndDate(app);
+    for (const std::string& line : splitLines(text)) {
+        if (line.find(';') != std::string::npos)
+            continue; // a comment, also behind a command
+        if (!app.printer.printLine(FillTagTemplateLine(line, stamp, name))) {
+            ShowTimedError(app, "Error printing to Zebra printer");
+            return;
+        }
+    }
+    app.printer.endDoc();
+}
+
+} // namespace zandolt
