@@ -1,0 +1,16 @@
+// The settings file ZANDOLT.INI: fifty lines of value, comma and comment, read over the defaults at
+// start and rewritten whole by the windows that change a setting.
+#pragma once
+
+namespace zandolt {
+
+class App;
+
+// Gives every setting its default, reads the file over them, normalises what was read and builds
+// the paths. A missing or short file (fewer than seven lines) is told in a message box and leaves
+// the directories and the paths built from them blank.
+void ReadIniFile(App& app);
+// Writes all fifty lines from memory.
+void SaveIniFile(App& app);
+
+} // namespace zandolt

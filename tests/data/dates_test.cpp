@@ -1,0 +1,110 @@
+#include "data/dates.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt {
+namespace {
+
+std::string ymd(Date d)
+{
+    const YearMonthDay p = SplitDate(d);
+    return std::to_string(p.year) + "-" + std::to_string(p.month) + "-" + std::to_string(p.day);
+}
+
+TEST(Dates, DayNumbersCountFromTheLastDaysOf1899)
+{
+    // Day 0 is 30 December 1899; 1 January 2000 is day 36526.
+    EXPECT_EQ(DateSerial(1899, 12, 30), 0);
+    EXPECT_EQ(DateSerial(1900, 1, 1), 2);
+    EXPECT_EQ(DateSerial(2000, 1, 1), 36526);
+    EXPECT_EQ(ymd(36526), "2000-1-1");
+    EXPECT_EQ(ymd(-1), "1899-12-29");
+    EXPECT_EQ(TodayDate(DateTime{2026, 11, 22, 8, 0, 0, 0}), DateSerial(2026, 11, 22));
+}
+
+TEST(Dates, MonthsAndDaysOutsideTheirRangeRunOver)
+{
+    // The calendar's overflow rule, both ways.
+    EXPECT_EQ(ymd(DateSerial(2023, 13, 1)), "2024-1-1");
+    EXPECT_EQ(ymd(DateSerial(2023, 25, 1)), "2025-1-1");
+    EXPECT_EQ(ymd(DateSerial(2024, 0, 15)), "2023-12-15");
+    EXPECT_EQ(ymd(DateSerial(2024, -1, 1)), "2023-11-1");
+    EXPECT_EQ(ymd(DateSerial(2024, 3, 0)), "2024-2-29");
+    EXPECT_EQ(ymd(DateSerial(2024, 1, -1)), "2023-12-30");
+    EXPECT_EQ(ymd(DateSerial(2024, 1, 366)), "2024-12-31");
+}
+
+TEST(Dates, DayOfYearCountsFromTheFirstOfJanuary)
+{
+    // A leap year has 366 days, and March starts a day later in it.
+    EXPECT_EQ(DayOfYear(DateSerial(2024, 1, 1)), 1);
+    EXPECT_EQ(DayOfYear(DateSerial(2024, 3, 1)), 61);
+    EXPECT_EQ(DayOfYear(DateSerial(2023, 3, 1)), 60);
+    EXPECT_EQ(DayOfYear(DateSerial(2024, 12, 31)), 366);
+    EXPECT_EQ(DayOfYear(DateTime{2023, 12, 31}), 365);
+}
+
+TEST(Dates, AllFourSeparatorsReadTheSameDate)
+{
+    // Month, day, year with "/", "-", "." or "\", blanks around the parts allowed.
+    const Date expected = DateSerial(1999, 3, 4);
+    EXPECT_EQ(StringToDate("3/4/99", 2026), expected);
+    EXPECT_EQ(StringToDate("3-4-99", 2026), expected);
+    EXPECT_EQ(StringToDate("3.4.99", 2026), expected);
+    EXPECT_EQ(StringToDate("3\\4\\99", 2026), expected);
+    EXPECT_EQ(StringToDate(" 03 / 04 / 1999 ", 2026), expected);
+    // The day is rounded.
+    EXPECT_EQ(StringToDate("3/4.6/99", 2026), DateSerial(1999, 3, 5));
+}
+
+TEST(Dates, TextsThatAreNoDateGiveZero)
+{
+    // A separator in the first place, a missing part, no separator at all.
+    EXPECT_EQ(StringToDate("/4/99", 2026), 0);
+    EXPECT_EQ(StringToDate("3/4", 2026), 0);
+    EXPECT_EQ(StringToDate("3/4/", 2026), 0);
+    EXPECT_EQ(StringToDate("3/ /99", 2026), 0);
+    EXPECT_EQ(StringToDate("", 2026), 0);
+    EXPECT_EQ(StringToDate("hello", 2026), 0);
+    EXPECT_FALSE(IsDateText("/4/99", 2026));
+    EXPECT_TRUE(IsDateText("12/31/2027", 2026));
+}
+
+TEST(Dates, AnImpossibleDateRunsOverInsteadOfBeingRejected)
+{
+    // Month 13 of 2000 is January 2001.
+    EXPECT_EQ(ymd(StringToDate("13/1/2000", 2026)), "2001-1-1");
+    EXPECT_EQ(ymd(StringToDate("2/30/2023", 2026)), "2023-3-2");
+}
+
+TEST(Dates, ASecondReadingTakesOnlyHyphens)
+{
+    // The slash wins the first reading and leaves no second separator; hyphens alone then work.
+    EXPECT_EQ(ymd(StringToDate("3-4-99/", 2026)), "1999-3-4");
+}
+
+TEST(Dates, TheCenturySlidesWithThePresentYear)
+{
+    // Thirty years back from the present year and no further, four-digit years included.
+    EXPECT_EQ(ymd(StringToDate("1/2/1950", 2030)), "2050-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/2000", 2030)), "2000-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/99", 2030)), "2099-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/99", 2026)), "1999-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/95", 2026)), "2095-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/00", 2026)), "2000-1-2");
+    EXPECT_EQ(ymd(FixDateCentury(DateSerial(1950, 6, 1), 2030)), "2050-6-1");
+    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 6, 1), 2030)), "2000-6-1");
+    // 2100 is no leap year.
+    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 2, 29), 2031)), "2100-2-28");
+}
+
+TEST(Dates, PaddedDatesAreMonthDayYear)
+{
+    // Two digits for month and day, four for the year.
+    EXPECT_EQ(FormatPaddedDate(DateSerial(2026, 1, 5)), "01/05/2026");
+    EXPECT_EQ(FormatPaddedDate(DateSerial(1997, 10, 14)), "10/14/1997");
+    EXPECT_EQ(StringToDate(FormatPaddedDate(DateSerial(2027, 12, 31)), 2026), DateSerial(2027, 12, 31));
+}
+
+} // namespace
+} // namespace zandolt

@@ -1,0 +1,381 @@
+#include "data/settings_file.h"
+
+#include "station/err_msg_frm.h"
+#include "support/station_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace zandolt {
+namespace {
+
+// The lines of a settings file as a station writes it, every setting at a value of its own.
+std::vector<std::string> fullFile()
+{
+    return {
+        " #ZANDOLT.INI initialization file",
+        " 3, #ComboComport number(1-4)",
+        " 9.25, PrinterFontSize (7.5)",
+        "Lucida Console, PrinterFontName (Courier)",
+        "Acme Inc., Company Name (Acme Inc.)",
+        "-1, Simulation (-1=True  0=False)",
+        "topsecret, Password for administrator (main password)",
+        " 1, BarCodeFlag (0=keybd 1=barcd 2=HID 3=Casi 4=GeneralRS232)",
+        "-1, NoMonitorFlag (-1=True  0=False)",
+        "-1, DontShowNamesFlag (-1=True  0=False)",
+        " 0, UseBadgeToIdentifyFlag (-1=True  0=False)",
+        "!X!, Workgroup to ignore in exception report (!M!)",
+        " 6 , Use the last n characters of a barcode(0 = all)",
+        "-2 , Skip n characters of a barcode(0 = none  neg = skip last n)",
+        " 3 , Add unknown id to the name.txt file (0 = no  1 = yes  3 = ask for name)",
+        "QA, Work group default id",
+        " .75 , Wrist RMin default (-1 = automatic)",
+        " .5 , Foot RMin default (-1 = automatic)",
+        " 10 , Wrist RMax default (-1 = automatic)",
+        " 99.98 , Foot RMax default (-1 = automatic)",
+        " 0 , Wrist strap required setting default (0 = no  -1 = yes)",
+        "-1 , Foot strap required setting default (0 = no  -1 = yes)",
+        " 14 , Certification expiration advanced warning in days.",
+        " 7 , Certification expiration warning interval in days.",
+        " 2 , Certification expiration access (0=always  1=never  2=with password)",
+        "certpw, Certification expiration access password.",
+        " 4, ProximityComport number(1-4)",
+        " 2, #SkipProxBits",
+        " 26, #UseProxMiddleBits",
+        " 1, TagType(0=none 1=ZebraS600 2=generic)",
+        "1, ShowNonRequiredStrapResults(0=no 1=yes)",
+        "1, ShowLastPerson(0=no 1=yes)",
+        "vacpw, Password to allow employees to modify vacation schedule",
+        "1, Allow employee to change vacation schedule(0=no 1=yes)",
+        "1, Do not show card entry numbers(0=no 1=yes)",
+        "15, Minutes to use password(0=infinite)",
+        "/usr/bin/mousepad, Alternative text file viewer path(normally set to Wordpad)",
+        "25, Seconds to retest(1-30 0=infinite)",
+        "1, Ask for password before each test (0=no 1=yes)",
+        "Hello there, Welcome message that is displayed in the Scan your badge window. Do not use commas.",
+        "Scan now, 2nd message that is displayed in the Scan your badge window. Do not use commas.",
+        "Who are you?, Message that is displayed if a scanned ID can not be found.  Do not use commas.",
+        "3, EmployeeSelectionType (0=select name  1=type name  2= type badge#  3 = type id#  4 = name id or badge)",
+        "1, Auto start the email server(0=no 1=yes)",
+        "5, Attachments email server(1=body 2=.csv csv 4=.txt)",
+        "/srv/names/, Directory to read the Names.txt file - or leave blank for local directory",
+        "/srv/log/, Directory to read the Log.txt file - or leave blank for local directory",
+        "/srv/txt/, Directory to write the reports.txt files - or leave blank for local directory",
+        "/srv/csv/, Directory to write the reports.csv files - or leave blank for local directory",
+        "1, Allow offline testing (0=no 1=yes) - normally 0",
+    };
+}
+
+std::string joined(const std::vector<std::string>& lines, size_t count = 1000)
+{
+    std::string text;
+    for (size_t i = 0; i < lines.size() && i < count; ++i)
+        text += lines[i] + "\r\n";
+    return text;
+}
+
+class SettingsFile : public testing::StationTest
+{
+protected:
+    void writeIni(const std::string& text) { write("ZANDOLT.INI", text); }
+    // Line n of the file as it stands now (1-based).
+    std::string iniLine(size_t n)
+    {
+        const std::string text = read("ZANDOLT.INI");
+        size_t start = 0;
+        for (size_t i = 1; i < n; ++i)
+            start = text.find("\r\n", start) + 2;
+        return text.substr(start, text.find("\r\n", start) - start);
+    }
+    std::string appDir() const { return dir_.path() + "/"; }
+};
+
+TEST_F(SettingsFile, AFullFileIsReadValueByValue)
+{
+    // Every line lands in its setting; the flags written as 1 come back as -1.
+    writeIni(joined(fullFile()));
+    ReadIniFile(*app_);
+    EXPECT_TRUE(ui().messages().empty());
+    const App& a = *app_;
+    EXPECT_EQ(a.ComboComport, 3);
+    EXPECT_FLOAT_EQ(a.PrinterFontSize, 9.25f);
+    EXPECT_EQ(a.PrinterFontName, "Lucida Console");
+    EXPECT_EQ(a.CompanyName, "Acme Inc.");
+    EXPECT_EQ(a.Simulation, -1);
+    EXPECT_EQ(a.AdminPassword, "topsecret");
+    EXPECT_EQ(a.BarCodeFlag, 1);
+    EXPECT_EQ(a.NoMonitorFlag, -1);
+    EXPECT_EQ(a.IgnoreWorkgroup, "!X!");
+    EXPECT_EQ(a.UseLastChars, 6);
+    EXPECT_EQ(a.SkipChars, -2);
+    EXPECT_EQ(a.AddUnknownFlag, 3);
+    EXPECT_EQ(a.DefaultWorkGroup, "QA");
+    EXPECT_FLOAT_EQ(a.DefaultWristMin, 0.75f);
+    EXPECT_FLOAT_EQ(a.DefaultFootMin, 0.5f);
+    EXPECT_FLOAT_EQ(a.DefaultWristMax, 10.0f);
+    EXPECT_FLOAT_EQ(a.DefaultFootMax, 99.98f);
+    EXPECT_EQ(a.DefaultWristRequired, 0);
+    EXPECT_EQ(a.DefaultFootRequired, -1);
+    EXPECT_EQ(a.CertWarnAdvanceDays, 14);
+    EXPECT_EQ(a.CertWarnIntervalDays, 7);
+    EXPECT_EQ(a.CertAccessMode, 2);
+    EXPECT_EQ(a.CertAccessPassword, "certpw");
+    EXPECT_EQ(a.ProximityComport, 4);
+    EXPECT_EQ(a.SkipProxBits, 2);
+    EXPECT_EQ(a.UseProxMiddleBits, 26);
+    EXPECT_EQ(a.TagType, 1);
+    EXPECT_EQ(a.ShowNonRequiredStrap, -1);
+    EXPECT_EQ(a.ShowLastPerson, -1);
+    EXPECT_EQ(a.VacationPassword, "vacpw");
+    EXPECT_EQ(a.AllowEmployeeVacationChange, -1);
+    EXPECT_EQ(a.NoCardNumbers, -1);
+    EXPECT_EQ(a.MinutesToUsePassword, 15);
+    EXPECT_EQ(a.AltViewerPath, "/usr/bin/mousepad");
+    EXPECT_EQ(a.SecondsToRetest, 25);
+    EXPECT_EQ(a.AskPasswordBeforeTest, -1);
+    EXPECT_EQ(a.WelcomeMessage, "Hello there");
+    EXPECT_EQ(a.ScanBadgeMessage, "Scan now");
+    EXPECT_EQ(a.UnknownIdMessage, "Who are you?");
+    EXPECT_EQ(a.AutoStartEmailServer, -1);
+    EXPECT_EQ(a.EmailAttachments, 5);
+    EXPECT_EQ(a.AllowOfflineTesting, -1);
+    // Type 3 is "type the ID": names hidden, IDs accepted, names not.
+    EXPECT_EQ(a.EmployeeSelectionType, 3);
+    EXPECT_EQ(a.DontShowNamesFlag, -1);
+    EXPECT_EQ(a.UseBadgeToIdentifyFlag, 0);
+    EXPECT_EQ(a.AcceptIdFlag, -1);
+    EXPECT_EQ(a.AcceptNameFlag, 0);
+    EXPECT_EQ(a.NamesPathFull, "/srv/names/NAMES.TXT");
+    EXPECT_EQ(a.LogPath, "/srv/log/LOG.TXT");
+    EXPECT_EQ(a.ExceptTxtPath, "/srv/txt/EXCEPT.TXT");
+    EXPECT_EQ(a.IndivCsvPath, "/srv/csv/INDIV.CSV");
+    EXPECT_EQ(a.IniPath, appDir() + "ZANDOLT.INI");
+    EXPECT_EQ(a.ZebraPath, appDir() + "ZEBRA.TXT");
+    EXPECT_EQ(a.VersionText, "7.12");
+    EXPECT_EQ(a.MainTitleText, " ISO-9000 ESD PROTECTION TEST");
+    EXPECT_EQ(a.LogSortDefaults, "/i /c");
+}
+
+TEST_F(SettingsFile, SavingWritesTheFileTheStationReads)
+{
+    // What was read from a file in the station's own forms is written back byte for byte.
+    writeIni(joined(fullFile()));
+    ReadIniFile(*app_);
+    SaveIniFile(*app_);
+    EXPECT_EQ(read("ZANDOLT.INI"), joined(fullFile()));
+
+    // A second station reading that file holds the same values.
+    headless::HeadlessBackend otherBackend(dir_.path());
+    App other(otherBackend.services());
+    ReadIniFile(other);
+    SaveIniFile(other);
+    EXPECT_EQ(read("ZANDOLT.INI"), joined(fullFile()));
+    EXPECT_EQ(other.AdminPassword, "topsecret");
+    EXPECT_FLOAT_EQ(other.DefaultFootMin, 0.5f);
+}
+
+TEST_F(SettingsFile, TheDefaultsAreWrittenInTheirFiveForms)
+{
+    // A station without a file says so, then saves its defaults.
+    ReadIniFile(*app_);
+    ASSERT_EQ(ui().messages().size(), 1u);
+    SaveIniFile(*app_);
+    const std::string text = read("ZANDOLT.INI");
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 50);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), 50);
+    EXPECT_EQ(iniLine(1), " #ZANDOLT.INI initialization file");
+    EXPECT_EQ(iniLine(2), " 1, #ComboComport number(1-4)");
+    EXPECT_EQ(iniLine(3), " 7.5, PrinterFontSize (7.5)");
+    EXPECT_EQ(iniLine(4), "Courier, PrinterFontName (Courier)");
+    EXPECT_EQ(iniLine(5), ", Company Name (Acme Inc.)");
+    EXPECT_EQ(iniLine(17), "-1 , Wrist RMin default (-1 = automatic)");
+    EXPECT_EQ(iniLine(31), "0, ShowNonRequiredStrapResults(0=no 1=yes)");
+    EXPECT_EQ(
+        iniLine(37),
+        "C:\\Program Files\\Accessories\\Wordpad.exe, Alternative text file viewer path(normally set to Wordpad)");
+    EXPECT_EQ(iniLine(38), "10, Seconds to retest(1-30 0=infinite)");
+    EXPECT_EQ(iniLine(40),
+              "Welcome, Welcome message that is displayed in the Scan your badge window. Do not use commas.");
+    EXPECT_EQ(
+        iniLine(41),
+        "Please scan your badge, 2nd message that is displayed in the Scan your badge window. Do not use commas.");
+    // The stock message is not written, so that it follows the language.
+    EXPECT_EQ(iniLine(42), ", Message that is displayed if a scanned ID can not be found.  Do not use commas.");
+    EXPECT_EQ(iniLine(45), "3, Attachments email server(1=body 2=.csv csv 4=.txt)");
+    EXPECT_EQ(iniLine(50), "0, Allow offline testing (0=no 1=yes) - normally 0");
+}
+
+TEST_F(SettingsFile, SevenLinesAreEnoughAndSixAreNot)
+{
+    // Seven lines: their values and defaults for the rest, silently.
+    writeIni(joined(fullFile(), 7));
+    ReadIniFile(*app_);
+    EXPECT_TRUE(ui().messages().empty());
+    EXPECT_EQ(app_->AdminPassword, "topsecret");
+    EXPECT_EQ(app_->BarCodeFlag, 0);
+    EXPECT_EQ(app_->SecondsToRetest, 10);
+    EXPECT_EQ(app_->NamesPathFull, appDir() + "NAMES.TXT");
+
+    // Six lines: the message, and the read ends with blank directories and paths.
+    headless::HeadlessBackend otherBackend(dir_.path());
+    App other(otherBackend.services());
+    writeIni(joined(fullFile(), 6));
+    ReadIniFile(other);
+    ASSERT_EQ(otherBackend.ui.messages().size(), 1u);
+    EXPECT_EQ(otherBackend.ui.messages()[0].prompt,
+              "Error opening " + appDir() + "ZANDOLT.INI.  Will use default values");
+    EXPECT_EQ(otherBackend.ui.messages()[0].buttons, msgbox::OKOnly | msgbox::Exclamation);
+    EXPECT_EQ(other.Simulation, -1); // read before the failure
+    EXPECT_EQ(other.NamesDir, "");
+    EXPECT_EQ(other.NamesPathFull, "");
+    EXPECT_EQ(other.LogPath, "");
+}
+
+TEST_F(SettingsFile, OutOfRangeValuesAreBroughtBack)
+{
+    // The attachment mask keeps three bits and is never empty; the retest time stays in 0..30.
+    auto readWith = [&](const std::string& attachments, const std::string& seconds) {
+        std::vector<std::string> lines = fullFile();
+        lines[44] = attachments + ", Attachments";
+        lines[37] = seconds + ", Seconds";
+        writeIni(joined(lines));
+        ReadIniFile(*app_);
+    };
+    readWith("8", "31");
+    EXPECT_EQ(app_->EmailAttachments, 3);
+    EXPECT_EQ(app_->SecondsToRetest, 30);
+    readWith("15", "-5");
+    EXPECT_EQ(app_->EmailAttachments, 7);
+    EXPECT_EQ(app_->SecondsToRetest, 0);
+    readWith("3", "0");
+    EXPECT_EQ(app_->EmailAttachments, 3);
+    EXPECT_EQ(app_->SecondsToRetest, 0);
+}
+
+TEST_F(SettingsFile, AnUnknownSelectionTypeBecomesTheCombinedOne)
+{
+    // Type 9 is stored as 4, with names and IDs both accepted, and saved as 4.
+    std::vector<std::string> lines = fullFile();
+    lines[42] = "9, EmployeeSelectionType";
+    writeIni(joined(lines));
+    ReadIniFile(*app_);
+    EXPECT_EQ(app_->EmployeeSelectionType, 4);
+    EXPECT_EQ(app_->AcceptIdFlag, -1);
+    EXPECT_EQ(app_->AcceptNameFlag, -1);
+    EXPECT_EQ(app_->DontShowNamesFlag, -1);
+    SaveIniFile(*app_);
+    EXPECT_EQ(iniLine(43).substr(0, 3), "4, ");
+}
+
+TEST_F(SettingsFile, TheSelectionTypeLineOverridesTheOldFlags)
+{
+    // A file with line 43 keeps type 0 even though line 10 hides the names.
+    std::vector<std::string> lines = fullFile();
+    lines[9] = "-1, DontShowNamesFlag";
+    lines[42] = "0, EmployeeSelectionType";
+    writeIni(joined(lines));
+    ReadIniFile(*app_);
+    EXPECT_EQ(app_->EmployeeSelectionType, 0);
+    EXPECT_EQ(app_->DontShowNamesFlag, -1);
+
+    // An older file that stops before line 43 takes the type from the badge flag of line 11.
+    lines[10] = "-1, UseBadgeToIdentifyFlag";
+    writeIni(joined(lines, 20));
+    headless::HeadlessBackend otherBackend(dir_.path());
+    App other(otherBackend.services());
+    ReadIniFile(other);
+    EXPECT_EQ(other.EmployeeSelectionType, 2);
+    EXPECT_EQ(other.UseBadgeToIdentifyFlag, -1);
+    EXPECT_EQ(other.AcceptIdFlag, 0);
+    EXPECT_EQ(other.AcceptNameFlag, 0);
+}
+
+TEST_F(SettingsFile, ACommaInAValueMakesEveryLaterSettingSlip)
+{
+    // "Acme, Inc." is two items: the comment of line 5 becomes "Inc.", line 6's value is the
+    // comment text, and so on down the file.
+    std::vector<std::string> lines = fullFile();
+    lines[4] = "Acme, Inc., Company Name (Acme Inc.)";
+    writeIni(joined(lines));
+    ReadIniFile(*app_);
+    EXPECT_EQ(app_->CompanyName, "Acme");
+    EXPECT_EQ(app_->Simulation, 0);
+    EXPECT_EQ(app_->AdminPassword, "Simulation (-1=True  0=False)");
+    EXPECT_EQ(app_->BarCodeFlag, 0);
+    EXPECT_EQ(app_->IgnoreWorkgroup, "UseBadgeToIdentifyFlag (-1=True  0=False)");
+
+    // A value in double quotes may hold the comma.
+    lines[4] = "\"Acme, Inc.\", Company Name (Acme Inc.)";
+    writeIni(joined(lines));
+    ReadIniFile(*app_);
+    EXPECT_EQ(app_->CompanyName, "Acme, Inc.");
+    EXPECT_EQ(app_->AdminPassword, "topsecret");
+}
+
+TEST_F(SettingsFile, BlankDirectoriesAreTheProgramDirectory)
+{
+    // Blanks count as blank; a directory without its final separator is joined as it stands.
+    std::vector<std::string> lines = fullFile();
+    lines[45] = "   , Directory to read the Names.txt file";
+    lines[46] = "/data/logs, Directory to read the Log.txt file";
+    lines[47] = ", Directory to write the reports.txt files";
+    writeIni(joined(lines));
+    ReadIniFile(*app_);
+    EXPECT_EQ(app_->AppDir, appDir());
+    EXPECT_EQ(app_->NamesDir, appDir());
+    EXPECT_EQ(app_->NamesPathFull, appDir() + "NAMES.TXT");
+    EXPECT_EQ(app_->LogPath, "/data/logsLOG.TXT");
+    EXPECT_EQ(app_->ReportTxtPath, appDir() + "REPORT.TXT");
+}
+
+TEST_F(SettingsFile, ASecondReadKeepsSomeValuesAFileNoLongerHas)
+{
+    // Lines 9, 10 and 23 keep what the first read found, line 13 goes back to its default, and
+    // the kept flag of line 10 makes the selection type 1 when line 43 is missing.
+    writeIni(joined(fullFile()));
+    ReadIniFile(*app_);
+    writeIni(joined(fullFile(), 8));
+    ReadIniFile(*app_);
+    EXPECT_EQ(app_->NoMonitorFlag, -1);
+    EXPECT_EQ(app_->CertWarnAdvanceDays, 14);
+    EXPECT_EQ(app_->EmployeeSelectionType, 1);
+    EXPECT_EQ(app_->AcceptNameFlag, -1);
+    EXPECT_EQ(app_->UseLastChars, 0);
+    EXPECT_EQ(app_->WelcomeMessage, "Welcome");
+}
+
+TEST_F(SettingsFile, TheStockMessagesComeInTheStationsLanguage)
+{
+    // A Spanish station without its own messages gets the Spanish ones, and keeps line 42 empty.
+    app_->language = Language::SpanishMexico;
+    writeIni(joined(fullFile(), 39));
+    ReadIniFile(*app_);
+    EXPECT_EQ(app_->WelcomeMessage, "Bienvenidos");
+    EXPECT_EQ(app_->ScanBadgeMessage, "Inserta tu codigo de barras");
+    EXPECT_EQ(app_->UnknownIdMessage, "Sorry your ID was not found.  Please contact your supervisor.");
+    SaveIniFile(*app_);
+    EXPECT_EQ(iniLine(42).substr(0, 2), ", ");
+}
+
+TEST_F(SettingsFile, AFailedWriteIsShownForFortyEightSeconds)
+{
+    // The settings in memory stay; the old file stays too, since it is replaced whole.
+    writeIni(joined(fullFile()));
+    ReadIniFile(*app_);
+    app_->CompanyName = "Changed";
+    backend_->files.failReplaces(1, FileResult::Failed);
+    std::string shown;
+    ui().onModal("ErrMsgFrm", [&](Form&) { shown = app_->errMsgFrm().LabelText.caption(); });
+    const std::int64_t start = ui().now();
+    SaveIniFile(*app_);
+    EXPECT_EQ(shown, "Error writing " + appDir() + "ZANDOLT.INI");
+    EXPECT_GE(ui().now() - start, 48000);
+    EXPECT_LT(ui().now() - start, 49000);
+    EXPECT_EQ(app_->CompanyName, "Changed");
+    EXPECT_EQ(read("ZANDOLT.INI"), joined(fullFile()));
+}
+
+} // namespace
+} // namespace zandolt

@@ -1,0 +1,63 @@
+#include "data/strings.h"
+
+#include "support/station_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt {
+namespace {
+
+TEST(Strings, EachLanguageHasItsOwnTextsAndOddities)
+{
+    // The Spanish block keeps its own oddities: English rows and a reused word.
+    EXPECT_EQ(LoadResString(Language::SpanishMexico, 159), "Bienvenidos");
+    EXPECT_EQ(LoadResString(Language::SpanishMexico, 170), "Resultados");
+    EXPECT_EQ(LoadResString(Language::SpanishMexico, 123), "Munequere");
+    EXPECT_EQ(LoadResString(Language::SpanishMexico, 126), "Munequere");
+    EXPECT_EQ(LoadResString(Language::SpanishMexico, 168), "Select rocker switch position");
+    EXPECT_EQ(LoadResString(Language::SpanishMexico, 158),
+              "Sorry your ID was not found.  Please contact your supervisor.");
+    EXPECT_EQ(LoadResString(Language::EnglishUS, 170), "Multiple problems");
+    EXPECT_EQ(LoadResString(Language::EnglishUS, 146), "Modify $Password");
+    // A trailing blank is part of the text.
+    EXPECT_EQ(LoadResString(Language::EnglishUS, 160), "Welcome to ");
+    EXPECT_EQ(LoadResString(Language::SpanishMexico, 160), "Bienvenidos a");
+}
+
+TEST(Strings, TheCanadianBlockIsTheUnitedStatesOneAndEveryBlockHasTheSameIds)
+{
+    // 66 ids between 101 and 180, the same in every block, Canada word for word the US texts.
+    int english = 0, spanish = 0;
+    for (int id = 100; id <= 181; ++id) {
+        EXPECT_EQ(LoadResString(Language::EnglishCanada, id), LoadResString(Language::EnglishUS, id)) << id;
+        EXPECT_EQ(LoadResString(Language::EnglishUS, id).empty(), LoadResString(Language::SpanishMexico, id).empty())
+            << id;
+        english += LoadResString(Language::EnglishUS, id).empty() ? 0 : 1;
+        spanish += LoadResString(Language::SpanishMexico, id).empty() ? 0 : 1;
+    }
+    EXPECT_EQ(english, 66);
+    EXPECT_EQ(spanish, 66);
+    EXPECT_EQ(LoadResString(Language::EnglishUS, 116), "");
+}
+
+TEST(Strings, ALanguageWithoutABlockGetsUnitedStatesEnglish)
+{
+    // German (0x407) has no block of its own.
+    EXPECT_EQ(LoadResString(static_cast<Language>(0x407), 159), "Welcome");
+}
+
+class StringsOfTheApp : public testing::StationTest
+{
+};
+
+TEST_F(StringsOfTheApp, TheAppSpeaksTheLanguageItChoseAtItsStart)
+{
+    // The App's overload follows the language the App holds.
+    app_->language = Language::SpanishMexico;
+    EXPECT_EQ(LoadResString(*app_, 161), "Inserta tu codigo de barras");
+    app_->language = Language::EnglishCanada;
+    EXPECT_EQ(LoadResString(*app_, 161), "Please scan your badge");
+}
+
+} // namespace
+} // namespace zandolt
