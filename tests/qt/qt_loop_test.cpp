@@ -1,0 +1,177 @@
+// The Qt window service on the real event loop: timers, modal windows and the nested loops that
+// message boxes and DoEvents run.
+#include "platform/qt/qt_ui.h"
+#include "qt_test_forms.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+
+namespace zandolt::qt::testing {
+namespace {
+
+class QtLoop : public ::testing::Test
+{
+protected:
+    ~QtLoop() override
+    {
+        form.discard();
+        small.discard();
+    }
+
+    QtUi ui;
+    AllKindsForm form{ui};
+    SmallForm small{ui};
+};
+
+// Answers the next message box that is up after delayMs with the given button.
+void AnswerNextMessageBox(QMessageBox::StandardButton button, int delayMs = 0)
+{
+    auto* poll = new QTimer;
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, button] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            box->button(button)->click();
+            poll->deleteLater();
+        }
+    });
+    QTimer::singleShot(delayMs, poll, [poll] { poll->start(10); });
+}
+
+TEST_F(QtLoop, ATimersTicksReachTheFormWhileItIsEnabled)
+{
+    // Ticks come on the real loop once the timer is enabled, and stop when it is disabled.
+    form.Load();
+    QTest::qWait(60);
+    EXPECT_FALSE(Contains(form.events, "Timer1_Timer"));
+    form.Timer1.setEnabled(true);
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return std::count(form.events.begin(), form.events.end(), "Timer1_Timer") >= 2; }, 2000));
+    form.Timer1.setEnabled(false);
+    const auto ticks = std::count(form.events.begin(), form.events.end(), "Timer1_Timer");
+    QTest::qWait(80);
+    EXPECT_EQ(std::count(form.events.begin(), form.events.end(), "Timer1_Timer"), ticks);
+}
+
+TEST_F(QtLoop, ATimerIsNotEnteredAgainWhileItsHandlerWaits)
+{
+    // A handler that lets events run for a while does not get its own timer's next ticks inside.
+    form.Load();
+    int depth = 0, deepest = 0, ticks = 0;
+    form.Timer1.Tick = [&] {
+        ++ticks;
+        deepest = std::max(deepest, ++depth);
+        QElapsedTimer t;
+        t.start();
+        while (t.elapsed() < 100)
+            ui.doEvents();
+        --depth;
+    };
+    form.Timer1.setEnabled(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks >= 2; }, 2000));
+    EXPECT_EQ(deepest, 1);
+}
+
+TEST_F(QtLoop, AModalFormShownFromATimerReturnsWhenItsOwnTimerUnloadsIt)
+{
+    // The nested loop ends when the form is unloaded, and the caller goes on.
+    bool returned = false;
+    QTimer::singleShot(0, [&] {
+        small.Load();
+        small.Timer1.setInterval(50);
+        small.Timer1.setEnabled(true);
+        small.ShowModal();
+        returned = true;
+    });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return returned; }, 3000));
+    EXPECT_FALSE(small.loaded());
+    EXPECT_EQ(small.events, (std::vector<std::string>{"Timer1_Timer"}));
+}
+
+TEST_F(QtLoop, AModalFormBlocksTheOthersAndReturnsWhenHidden)
+{
+    // While it is up the window is application modal; hiding it ends ShowModal too.
+    QTimer::singleShot(50, [&] {
+        EXPECT_EQ(QApplication::activeModalWidget(), ui.window(small));
+        small.Hide();
+    });
+    small.ShowModal();
+    EXPECT_TRUE(small.loaded());
+    EXPECT_FALSE(ui.window(small)->isVisible());
+    // Shown again without modality, it is a plain window.
+    small.Show();
+    EXPECT_EQ(ui.window(small)->windowModality(), Qt::NonModal);
+}
+
+TEST_F(QtLoop, AMessageBoxGivesTheClassicAnswerOfTheButtonPressed)
+{
+    // Yes/No/Cancel answers 7 for No; an OK box answers 1.
+    AnswerNextMessageBox(QMessageBox::No);
+    EXPECT_EQ(ui.msgBox("Save?", msgbox::YesNoCancel | msgbox::Question, "Title"), msgbox::No);
+    AnswerNextMessageBox(QMessageBox::Ok);
+    EXPECT_EQ(ui.msgBox("Done", msgbox::OKOnly, ""), msgbox::OK);
+    AnswerNextMessageBox(QMessageBox::Retry);
+    EXPECT_EQ(ui.msgBox("Busy", msgbox::RetryCancel | msgbox::Exclamation, ""), msgbox::Retry);
+}
+
+TEST_F(QtLoop, AFormUnloadedWhileItsTimerHandlerWaitsInAMessageBoxSurvivesIt)
+{
+    // The handler's widgets stay until the handler has returned, so nothing is used after its end.
+    form.Show();
+    QPointer<QWidget> window = ui.window(form);
+    bool after = false;
+    // The unload puts the design's handlers back; this one keeps its own code alive meanwhile.
+    auto body = std::make_shared<std::function<void()>>([&] {
+        form.Timer1.setEnabled(false);
+        QTimer::singleShot(20, [&] { form.Unload(); });
+        AnswerNextMessageBox(QMessageBox::Ok, 100);
+        ui.msgBox("Wait", msgbox::OKOnly, "");
+        EXPECT_FALSE(form.loaded());
+        after = true;
+    });
+    form.Timer1.Tick = [body] {
+        auto keep = body;
+        (*keep)();
+    };
+    form.Timer1.setEnabled(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return after; }, 3000));
+    EXPECT_FALSE(form.loaded());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window.isNull(); }));
+}
+
+TEST_F(QtLoop, QuitEndsTheModalLoopsAndTheProgramsLoopWithoutClosingAnyForm)
+{
+    // The Exit entry's quit, asked inside a modal window, ends all loops; the forms are no one's to close.
+    form.Show();
+    bool modalReturned = false;
+    QTimer::singleShot(0, [&] {
+        small.Load();
+        small.Timer1.Tick = [&] { ui.quit(); };
+        small.Timer1.setInterval(30);
+        small.Timer1.setEnabled(true);
+        small.ShowModal();
+        modalReturned = true;
+    });
+    // Should the quit not end the loops, the test ends them itself and fails.
+    QTimer stopper;
+    stopper.setSingleShot(true);
+    QObject::connect(&stopper, &QTimer::timeout, [] { QCoreApplication::exit(1); });
+    stopper.start(3000);
+    EXPECT_EQ(ui.exec(), 0);
+    EXPECT_TRUE(modalReturned);
+    EXPECT_TRUE(ui.quitRequested());
+    EXPECT_TRUE(form.loaded());
+    EXPECT_TRUE(small.loaded());
+}
+
+} // namespace
+} // namespace zandolt::qt::testing

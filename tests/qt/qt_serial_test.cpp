@@ -1,0 +1,122 @@
+// Serial ports through QSerialPort on a real pseudo-terminal pair (socat): the port map, arrival
+// notifications, NUL discarding, and DTR on a device that has none.
+#include "platform/qt/qt_serial.h"
+#include "platform/system/posix_files.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QSerialPort>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace zandolt::qt {
+namespace {
+
+// Adds what waits in the port to got; returns the length of got.
+size_t readMore(SerialPort& port, std::string& got)
+{
+    std::string chunk;
+    port.read(chunk);
+    got += chunk;
+    return got.size();
+}
+
+class QtSerialPty : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (QStandardPaths::findExecutable("socat").isEmpty())
+            GTEST_SKIP() << "socat is not installed";
+        socat.start("socat", {"pty,raw,echo=0,link=" + dir.path() + "/ttyStation",
+                              "pty,raw,echo=0,link=" + dir.path() + "/ttyFar"});
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(dir.path() + "/ttyFar"); }, 5000));
+        // The map names the device relative to the program directory.
+        QFile map(dir.path() + "/Ports.txt");
+        ASSERT_TRUE(map.open(QIODevice::WriteOnly));
+        map.write("# the station's ports\n3 ttyStation\n");
+        map.close();
+        far.setPortName(dir.path() + "/ttyFar");
+        ASSERT_TRUE(far.open(QIODevice::ReadWrite));
+    }
+    void TearDown() override
+    {
+        far.close();
+        if (socat.state() != QProcess::NotRunning) {
+            socat.terminate();
+            socat.waitForFinished(2000);
+        }
+    }
+
+    QTemporaryDir dir;
+    QProcess socat;
+    QSerialPort far;
+    system::PosixFiles files{dir.path().toStdString()};
+    QtSerial serial{files};
+};
+
+TEST_F(QtSerialPty, APortNumberFromTheMapCarriesDataBothWays)
+{
+    // Port 3 is the station's end by the case-insensitive PORTS.TXT; arrivals are announced.
+    auto port = serial.createPort();
+    int notices = 0;
+    port->onReceive = [&] { ++notices; };
+    std::string error;
+    ASSERT_TRUE(port->open(3, "9600,N,7,1", true, error)) << error;
+
+    far.write(QByteArray("A\0B", 3));
+    far.flush();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return notices > 0; }, 3000));
+    std::string got;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return readMore(*port, got) >= 2; }, 3000));
+    EXPECT_EQ(got, "AB");
+
+    ASSERT_TRUE(port->write("XYZ"));
+    QByteArray back;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return (back += far.readAll()).size() >= 3; }, 3000));
+    EXPECT_EQ(back, "XYZ");
+
+    // A pseudo-terminal has no DTR line: the answer is no, quietly.
+    EXPECT_FALSE(port->setDtr(true));
+    EXPECT_TRUE(port->isOpen());
+}
+
+TEST_F(QtSerialPty, NulCharactersStayWhenNotDiscardedAndDiscardEmptiesTheBuffer)
+{
+    // A card reader whose zero bytes are data keeps them.
+    auto port = serial.createPort();
+    std::string error;
+    ASSERT_TRUE(port->open(3, "57600,n,8,1", false, error)) << error;
+    far.write(QByteArray("\0\1", 2));
+    far.flush();
+    std::string got;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return readMore(*port, got) >= 2; }, 3000));
+    EXPECT_EQ(got, std::string("\0\1", 2));
+
+    far.write("old");
+    far.flush();
+    QTest::qWait(100);
+    port->discardInput();
+    port->read(got);
+    EXPECT_EQ(got, "");
+}
+
+TEST_F(QtSerialPty, PortsThatCannotOpenSayWhy)
+{
+    // A number outside the map falls back to /dev/ttyS(n-1); bad settings are refused before opening.
+    auto port = serial.createPort();
+    std::string error;
+    EXPECT_FALSE(port->open(77, "9600,N,8,1", false, error));
+    EXPECT_NE(error.find("/dev/ttyS76"), std::string::npos) << error;
+    EXPECT_FALSE(port->open(3, "9600,X,8,1", false, error));
+    EXPECT_EQ(error, "Invalid port settings 9600,X,8,1");
+    EXPECT_FALSE(port->isOpen());
+    std::string none;
+    EXPECT_FALSE(port->read(none));
+}
+
+} // namespace
+} // namespace zandolt::qt
