@@ -1,0 +1,102 @@
+// The pass tag: the generic tag's lines, the template's comments and markers, and what happens
+// when the template or the printer fails.
+#include "automation/tag_printing.h"
+#include "station/err_msg_frm.h"
+#include "support/station_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt::testing {
+namespace {
+
+class TagPrinting : public StationTest
+{
+protected:
+    TagPrinting()
+    {
+        app_->CurrentEmployee = 3;
+        app_->FirstName[3] = "Jane";
+        app_->LastName[3] = "Doe";
+        app_->ZebraPath = path("ZEBRA.TXT");
+        // The timed error window closes by itself; each showing records its text.
+        for (int i = 0; i < 3; ++i)
+            ui().onModal("ErrMsgFrm", [&](Form&) { errors.push_back(app_->errMsgFrm().LabelText.caption()); });
+    }
+    const std::vector<headless::PrintedDocument>& documents() { return backend_->printer.documents(); }
+
+    std::vector<std::string> errors;
+};
+
+TEST_F(TagPrinting, TheGenericTagIsSixLinesWithTimeDateAndName)
+{
+    // Type 2 needs no template: heading, PASS, time and short date, first and last name, two blanks.
+    app_->TagType = 2;
+    PrintTag(*app_);
+    ASSERT_EQ(documents().size(), 1u);
+    EXPECT_EQ(documents()[0].lines,
+              (std::vector<std::string>{"ESD FOOTWEAR TEST", "   PASS", "08:00:00 11/22/2026", "Jane Doe", "", ""}));
+    EXPECT_TRUE(documents()[0].ended);
+}
+
+TEST_F(TagPrinting, NoTagTypeTouchesNeitherPrinterNorTemplate)
+{
+    // Type 0 and unknown types print nothing, even when the template is missing.
+    for (int16 type : {0, 3, -1}) {
+        app_->TagType = type;
+        PrintTag(*app_);
+    }
+    EXPECT_TRUE(documents().empty());
+    EXPECT_TRUE(errors.empty());
+}
+
+TEST_F(TagPrinting, TheTemplateDropsCommentsAndFillsOneMarkerPerLine)
+{
+    // Comments go whole; blanks before a marker vanish, those after stay; date wins over name;
+    // markers are case-sensitive.
+    app_->TagType = 1;
+    write("ZEBRA.TXT", "^XA\r\n"
+                       "   Tested: ---date---  ok\r\n"
+                       "^FO10 ---name---\r\n"
+                       "^FD---name--- ; the employee\r\n"
+                       "---date--- by ---name---\r\n"
+                       "---Date---\r\n"
+                       "^XZ\r\n");
+    PrintTag(*app_);
+    ASSERT_EQ(documents().size(), 1u);
+    EXPECT_EQ(documents()[0].lines,
+              (std::vector<std::string>{"^XA", "Tested:08:00:00 11/22/2026  ok", "^FO10Jane Doe",
+                                        "08:00:00 11/22/2026 by ---name---", "---Date---", "^XZ"}));
+    EXPECT_TRUE(documents()[0].ended);
+}
+
+TEST_F(TagPrinting, AnEmptyTemplateEndsAnEmptyDocument)
+{
+    // Nothing to print, but the document is ended all the same.
+    app_->TagType = 1;
+    write("ZEBRA.TXT", "");
+    PrintTag(*app_);
+    ASSERT_EQ(documents().size(), 1u);
+    EXPECT_TRUE(documents()[0].lines.empty());
+    EXPECT_TRUE(documents()[0].ended);
+}
+
+TEST_F(TagPrinting, AMissingTemplateOrAPrinterThatFailsIsSaidAndPrintingStops)
+{
+    // The path follows the message without a blank; a failing printer leaves the document open.
+    app_->TagType = 1;
+    PrintTag(*app_);
+    ASSERT_EQ(errors.size(), 1u);
+    EXPECT_EQ(errors[0], "Error opening file" + path("ZEBRA.TXT"));
+    EXPECT_TRUE(documents().empty());
+
+    write("ZEBRA.TXT", "one\r\ntwo\r\n");
+    backend_->printer.failPrint = true;
+    PrintTag(*app_);
+    ASSERT_EQ(errors.size(), 2u);
+    EXPECT_EQ(errors[1], "Error printing to Zebra printer");
+    for (const auto& d : documents())
+        EXPECT_FALSE(d.ended);
+}
+
+} // namespace
+} // namespace zandolt::testing

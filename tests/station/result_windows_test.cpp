@@ -1,0 +1,74 @@
+// The two timer-driven windows of a test: the press-button animation and the flashing cartoon.
+#include "station/cartoon_form.h"
+#include "station/press_form.h"
+#include "support/station_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt::testing {
+namespace {
+
+using ResultWindows = StationTest;
+
+TEST_F(ResultWindows, ThePressAnimationGoesDownHoldsAndComesBackUp)
+{
+    // Ticks of 100 ms: frames 1..9 shown as 1,2,3,4 and then held on 4, back down from 8 to -1,
+    // where the first picture stands for the frame before the turn, and up again.
+    app_->CurrentEmployee = 0;
+    PressForm& press = app_->pressForm();
+    press.Load();
+    EXPECT_EQ(app_->TestWindowOpenFlag, 1);
+    EXPECT_EQ(press.MainImage.picture(), "press0");
+    std::vector<std::string> shown;
+    for (int tick = 0; tick < 21; ++tick) {
+        ui().advance(100);
+        shown.push_back(press.MainImage.picture());
+    }
+    const std::vector<std::string> expected = {"press1", "press2", "press3", "press4", "press4", "press4", "press4",
+                                               "press4", "press4", "press4", "press4", "press4", "press4", "press4",
+                                               "press3", "press2", "press1", "press0", "press0", "press0", "press1"};
+    EXPECT_EQ(shown, expected);
+
+    press.Unload();
+    EXPECT_EQ(app_->TestWindowOpenFlag, 0);
+}
+
+TEST_F(ResultWindows, TheRockerSwitchLineIsShownOnlyToWhoWearsNeitherStrap)
+{
+    // Label168 asks for the switch position; it matters only when no strap is required.
+    app_->CurrentEmployee = 2;
+    app_->WristEnable[2] = False;
+    app_->FootEnable[2] = True;
+    app_->pressForm().Load();
+    EXPECT_FALSE(app_->pressForm().Label168.visible());
+    app_->pressForm().Unload();
+
+    app_->FootEnable[2] = False;
+    app_->pressForm().Load();
+    EXPECT_TRUE(app_->pressForm().Label168.visible());
+}
+
+TEST_F(ResultWindows, SeveralFailedContactsFlashTogetherAndTheOthersStayWhole)
+{
+    // Left foot high and right foot low: every second both are marked, the wrist never.
+    app_->WristCode = "Wok";
+    app_->LeftCode = "Lhi";
+    app_->RightCode = "Rlo";
+    CartoonForm& c = app_->cartoonForm();
+    c.Load();
+    ui().advance(500); // counter 1: whole figure
+    EXPECT_TRUE(c.ImageLOK.visible() && c.ImageROK.visible() && c.ImageWOK.visible());
+    EXPECT_FALSE(c.ImageLHI.visible() || c.ImageRLO.visible());
+    ui().advance(500); // counter 2: marked
+    EXPECT_TRUE(c.ImageLHI.visible());
+    EXPECT_TRUE(c.ImageRLO.visible());
+    EXPECT_FALSE(c.ImageLOK.visible() || c.ImageROK.visible());
+    EXPECT_TRUE(c.ImageWOK.visible());
+    EXPECT_FALSE(c.ImageWLO.visible() || c.ImageWHI.visible() || c.ImageLLO.visible() || c.ImageRHI.visible());
+    ui().advance(500); // counter 3: whole again
+    EXPECT_TRUE(c.ImageLOK.visible() && c.ImageROK.visible());
+    EXPECT_FALSE(c.ImageLHI.visible() || c.ImageRLO.visible());
+}
+
+} // namespace
+} // namespace zandolt::testing
