@@ -13,8 +13,6 @@
 #include "station/printer_check_form.h"
 #include "station/tester_link.h"
 
-#include <cstdio>
-
 namespace zandolt {
 
 NameForm::NameForm(App& app)
@@ -339,9 +337,13 @@ void FillNameList(App& app)
     std::vector<std::string> items;
     items.reserve(static_cast<size_t>(app.EmployeeCount));
     for (int row = 0; row < app.EmployeeCount; ++row) {
-        char number[32];
-        std::snprintf(number, sizeof number, " %3d. ", row + 1);
-        items.push_back(number + app.FullName[static_cast<size_t>(row)]);
+        // " %3d. " and the name; written by hand, as the list is rebuilt on every read of the file.
+        const std::string number = std::to_string(row + 1);
+        const std::string& name = app.FullName[static_cast<size_t>(row)];
+        std::string item;
+        item.reserve(6 + number.size() + name.size());
+        item.append(number.size() < 3 ? 4 - number.size() : 1, ' ').append(number).append(". ").append(name);
+        items.push_back(std::move(item));
     }
     f.List1.setItems(std::move(items));
     app.CurrentEmployee = 0;
