@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QInputDialog>
 
+#include <cstdio>
+
 namespace zandolt::qt {
 
 namespace {
@@ -104,6 +106,12 @@ std::string RunInputBox(const std::string& prompt, const std::string& title, con
     if (dialog.exec() != QDialog::Accepted)
         return {};
     return TextFromQt(dialog.textValue());
+}
+
+void ShowHandlerFailure(const char* what)
+{
+    std::fprintf(stderr, "zandolt: an event handler failed: %s\n", what);
+    RunMessageBox(std::string("Run-time error: ") + what, msgbox::OKOnly | msgbox::Critical, "Zandolt ESD Test Log");
 }
 
 } // namespace zandolt::qt

@@ -17,6 +17,9 @@ QMessageBox::Icon MessageBoxIcon(int buttons);
 int MessageBoxDismissAnswer(int buttons);
 
 int RunMessageBox(const std::string& prompt, int buttons, const std::string& title);
+// A handler that failed (an overflow, a row out of bounds): said on the terminal and in a box, and
+// the program goes on with its next event.
+void ShowHandlerFailure(const char* what);
 std::string RunInputBox(const std::string& prompt, const std::string& title, const std::string& defaultText);
 
 } // namespace zandolt::qt

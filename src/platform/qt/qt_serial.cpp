@@ -1,6 +1,7 @@
 #include "platform/qt/qt_serial.h"
 
 #include "platform/port_map.h"
+#include "platform/qt/qt_dialogs.h"
 
 namespace zandolt::qt {
 
@@ -27,8 +28,12 @@ QSerialPort::Parity ToParity(char p)
 QtSerialPort::QtSerialPort(Files& files) : files_(files)
 {
     QObject::connect(&port_, &QSerialPort::readyRead, [this] {
-        if (onReceive)
-            onReceive();
+        try {
+            if (onReceive)
+                onReceive();
+        } catch (const std::exception& e) {
+            ShowHandlerFailure(e.what());
+        }
     });
     // A device that went away (a USB adapter pulled out) is closed, as a port the station lost.
     QObject::connect(&port_, &QSerialPort::errorOccurred, [this](QSerialPort::SerialPortError e) {

@@ -182,7 +182,7 @@ void QtUi::flush()
 
 void QtUi::reportFailure(const char* what)
 {
-    std::fprintf(stderr, "zandolt: an event handler failed: %s\n", what);
+    ShowHandlerFailure(what);
 }
 
 // ---- dialogs and the loop --------------------------------------------------------------------------------
