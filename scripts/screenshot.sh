@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the screenshot tool and takes pictures of the station's windows on a fresh copy of the demo
 # folder, under a virtual display (Xvfb). The pictures go to ./screenshots/, and their paths are
-# printed. BUILD_DIR chooses the build directory (default: build).
+# printed. BUILD_DIR chooses the build directory (default: build), JOBS the parallel build jobs.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
@@ -11,8 +11,11 @@ for tool in cmake xvfb-run; do
   command -v "$tool" >/dev/null || { echo "$tool is missing; run scripts/install-deps.sh" >&2; exit 1; }
 done
 
-cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-cmake --build "$build" -j "$(nproc 2>/dev/null || echo 2)" --target zandolt_screenshots
+# A build directory that is already configured keeps its own settings.
+if [ ! -f "$build/CMakeCache.txt" ]; then
+  cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+fi
+cmake --build "$build" -j "${JOBS:-$(nproc 2>/dev/null || echo 2)}" --target zandolt_screenshots
 
 work=$(mktemp -d)
 socat_pid=""

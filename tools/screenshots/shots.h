@@ -5,6 +5,7 @@
 #include "platform/qt/qt_backend.h"
 
 #include <QDir>
+#include <QImage>
 #include <QString>
 
 #include <functional>
@@ -37,11 +38,28 @@ void RunFor(int ms);
 bool RunUntil(const std::function<bool()>& done, int maxMs);
 // Loads the main window as the program starts, when it is not up yet. False when it did not show.
 bool StartStation(ShotContext& ctx);
-// Saves the top-level window of a loaded form, menu bar included, as a PNG.
+// The top-level window of a loaded form, menu bar included; a null image when it is not up.
+QImage GrabWindow(ShotContext& ctx, const Form& form);
+// Saves the top-level window of a loaded form as a PNG.
 bool SaveWindow(ShotContext& ctx, const Form& form, const QString& file);
+// Saves the windows of several forms in one PNG, side by side in the order given, tops aligned.
+bool SaveSideBySide(ShotContext& ctx, const std::vector<const Form*>& forms, const QString& file);
+
+// Clicks the name in row `row` of the main window's list, which starts a test for that employee,
+// and waits for the test window and the press-button window. False when they did not come up.
+bool StartTestFor(ShotContext& ctx, int row);
+// Readings typed into the simulated tester and sent with its Simulate button.
+bool SimulateReadings(ShotContext& ctx, const std::string& wrist, const std::string& left, const std::string& right);
+// A whole tester message written to the far end of the tester's port, as a tester sends it.
+bool SendTesterMessage(ShotContext& ctx, const std::string& message);
+// Closes the test window as its Cancel button does, and waits until it has gone.
+void LeaveTestWindow(ShotContext& ctx);
 
 // Picture functions.
 bool ShootMainWindow(ShotContext& ctx, const QString& file);
 bool ShootTitleScreen(ShotContext& ctx, const QString& file);
+bool ShootPressWindow(ShotContext& ctx, const QString& file);
+bool ShootTestPassed(ShotContext& ctx, const QString& file);
+bool ShootTestFailed(ShotContext& ctx, const QString& file);
 
 } // namespace zandolt::screenshots
