@@ -63,6 +63,9 @@ void PressForm::Form_Load()
     const bool neither =
         row >= 0 && app_.WristEnable[static_cast<size_t>(row)] == 0 && app_.FootEnable[static_cast<size_t>(row)] == 0;
     Label168.setVisible(neither);
+    // The last line closes up under the others when the switch line is not shown.
+    Label169.move(240, neither ? 3120 + 3 * 540 : 3120 + 2 * 540, 4800, 480);
+    setSize(5280, neither ? 5400 : 4860);
 }
 
 void PressForm::Form_Unload(int&)
