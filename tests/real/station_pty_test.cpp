@@ -1,0 +1,354 @@
+// The station on its real serial path: the Qt backend with QSerialPort on one end of a socat
+// pseudo-terminal pair, the tester emulator process on the other. An employee is picked from the
+// list as at the station, the emulator presses the button, and the verdict on the screen, the
+// answer byte the emulator receives and the line in LOG.TXT are checked.
+#include "admin/title_form.h"
+#include "app.h"
+#include "platform/qt/qt_backend.h"
+#include "station/err_msg_frm.h"
+#include "station/name_form.h"
+#include "station/rs232_form.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <ctime>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zandolt::qt {
+namespace {
+
+const QString DemoDir = QStringLiteral(ZANDOLT_SOURCE_DIR "/resources/demo");
+
+std::string readFile(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll().toStdString() : std::string();
+}
+
+void writeFile(const QString& path, const std::string& text)
+{
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate)) << path.toStdString();
+    f.write(text.data(), static_cast<qint64>(text.size()));
+}
+
+// The log's time stamps of every second from `from` to `to`: the line is written in between.
+std::set<std::string> stampsBetween(const DateTime& from, const DateTime& to)
+{
+    auto epoch = [](const DateTime& d) {
+        std::tm tm{};
+        tm.tm_year = d.year - 1900;
+        tm.tm_mon = d.month - 1;
+        tm.tm_mday = d.day;
+        tm.tm_hour = d.hour;
+        tm.tm_min = d.minute;
+        tm.tm_sec = d.second;
+        tm.tm_isdst = -1;
+        return std::mktime(&tm);
+    };
+    std::set<std::string> stamps;
+    for (std::time_t t = epoch(from); t <= epoch(to); ++t) {
+        std::tm tm{};
+        localtime_r(&t, &tm);
+        char text[96];
+        std::snprintf(text, sizeof text, "%02d-%02d-%04d, %02d:%02d:%02d", tm.tm_mon + 1, tm.tm_mday, tm.tm_year + 1900,
+                      tm.tm_hour, tm.tm_min, tm.tm_sec);
+        stamps.insert(text);
+    }
+    return stamps;
+}
+
+struct EmulatorRun
+{
+    int exitCode = -1;
+    std::vector<std::string> lines;
+
+    std::vector<std::string> starting(const std::string& prefix) const
+    {
+        std::vector<std::string> out;
+        for (const std::string& l : lines)
+            if (l.rfind(prefix, 0) == 0)
+                out.push_back(l);
+        return out;
+    }
+};
+
+class StationOverPty : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(dir.isValid());
+        socat.start(QStringLiteral(ZANDOLT_SOCAT), {"pty,raw,echo=0,link=" + dir.filePath("ttyStation"),
+                                                    "pty,raw,echo=0,link=" + dir.filePath("ttyTester")});
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return QFile::exists(dir.filePath("ttyStation")) && QFile::exists(dir.filePath("ttyTester")); },
+            5000));
+
+        // The demo station, but on the real tester port 1, which the port map puts on the pair.
+        std::string ini = readFile(DemoDir + "/ZANDOLT.INI");
+        const size_t simulation = ini.find("-1, Simulation");
+        ASSERT_NE(simulation, std::string::npos);
+        ini.replace(simulation, 2, " 0");
+        ASSERT_NE(ini.find(" 1, #ComboComport"), std::string::npos);
+        writeFile(dir.filePath("ZANDOLT.INI"), ini);
+        writeFile(dir.filePath("PORTS.TXT"), "1 " + dir.filePath("ttyStation").toStdString() + "\n");
+        // Jane wears both straps with the tester's limits; Rick only a wrist strap, with his own.
+        const std::string attendance(372, 'A');
+        writeFile(dir.filePath("NAMES.TXT"),
+                  "# On the following lines put last name, first name, ID, and so on\r\n"
+                  "# Example:  Tarrow, Ned, 123-456:78, .075, 10.12, .05, 50.0, -1, 0\r\n"
+                  "Doe, Jane, QA-4711, -1.00, -1.00, -1.00, -1.00, -1, -1, A, 01/05/2026, 01/05/2026, 1, "
+                  "12/31/2030, " +
+                      attendance +
+                      ", 0, , 0\r\n"
+                      "Roe, Rick, QA-4712, 000.75, 010.00, -1.00, -1.00, -1, 0, A, 01/05/2026, 01/05/2026, 1, "
+                      "12/31/2030, " +
+                      attendance + ", 0, , 0\r\n");
+
+        previousDirectory = QDir::currentPath();
+        ASSERT_TRUE(QDir::setCurrent(dir.path()));
+        backend = std::make_unique<QtBackend>();
+        app = std::make_unique<App>(backend->services());
+        // Whatever waits for someone is answered: the title screen, a message box (a machine
+        // without a printer has one at start), the error window.
+        QObject::connect(&closer, &QTimer::timeout, [this] {
+            if (app->isLoaded(&app->titleForm()))
+                app->titleForm().Unload();
+            if (app->isLoaded(&app->errMsgFrm())) {
+                messages.push_back(app->errMsgFrm().LabelText.caption());
+                app->errMsgFrm().Unload();
+            }
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                messages.push_back(box->text().toStdString());
+                box->defaultButton() ? box->defaultButton()->click() : box->reject();
+            }
+        });
+        closer.start(20);
+        app->nameForm().Load();
+        ASSERT_TRUE(app->nameForm().Comm1().isOpen()) << "the tester port did not open";
+    }
+
+    void TearDown() override
+    {
+        closer.stop();
+        app.reset();
+        backend.reset();
+        QDir::setCurrent(previousDirectory);
+        if (socat.state() != QProcess::NotRunning) {
+            socat.terminate();
+            socat.waitForFinished(3000);
+        }
+        for (const std::string& m : messages)
+            EXPECT_NE(m.find("Printer problem"), std::string::npos) << "unexpected message: " << m;
+    }
+
+    // Types the start of the name into the list of the main window and presses Enter.
+    void startTestFor(const QString& typed)
+    {
+        auto* list = qobject_cast<QListWidget*>(backend->ui.widget(app->nameForm().List1));
+        ASSERT_NE(list, nullptr);
+        QTest::keyClicks(list, typed);
+        QTest::keyClick(list, Qt::Key_Return);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return app->isLoaded(&app->rs232Form()); }, 5000));
+        ASSERT_NE(app->TestWindowOpenFlag, 0);
+    }
+
+    // Runs the emulator on the tester's end with these commands, the event loop of the station
+    // running all the while.
+    EmulatorRun runEmulator(const QStringList& commands, int waitMs)
+    {
+        QStringList args{dir.filePath("ttyTester")};
+        for (const QString& c : commands)
+            args << "--cmd" << c;
+        args << "--wait-ms" << QString::number(waitMs);
+        QProcess emulator;
+        emulator.start(QStringLiteral(ZANDOLT_TESTER_EMULATOR), args);
+        EmulatorRun run;
+        if (!QTest::qWaitFor([&] { return emulator.state() == QProcess::NotRunning; }, waitMs + 10000)) {
+            emulator.kill();
+            emulator.waitForFinished(2000);
+            ADD_FAILURE() << "the emulator did not end";
+            return run;
+        }
+        run.exitCode = emulator.exitStatus() == QProcess::NormalExit ? emulator.exitCode() : -1;
+        for (const QByteArray& line : emulator.readAllStandardOutput().split('\n'))
+            if (!line.isEmpty())
+                run.lines.push_back(line.toStdString());
+        // The emulator's side of the conversation, for whoever reads the test's output.
+        for (const std::string& l : run.lines)
+            std::printf("  emulator: %s\n", l.c_str());
+        return run;
+    }
+
+    // The one line of the log, once the verdict has written it; empty when none came.
+    std::string logLine()
+    {
+        const QString path = dir.filePath("LOG.TXT");
+        if (!QTest::qWaitFor([&] { return QFile(path).size() > 0; }, 5000)) {
+            ADD_FAILURE() << "no line in LOG.TXT";
+            return {};
+        }
+        std::string log = readFile(path);
+        if (log.size() < 2 || log.compare(log.size() - 2, 2, "\r\n") != 0 || log.find("\r\n") != log.size() - 2) {
+            ADD_FAILURE() << "LOG.TXT is not one line: \"" << log << "\"";
+            return {};
+        }
+        return log.substr(0, log.size() - 2);
+    }
+
+    // The log line has the expected text around a time stamp taken while the test ran.
+    void expectLogLine(const std::string& line, const std::string& head, const DateTime& from, const DateTime& to,
+                       const std::string& tail)
+    {
+        ASSERT_EQ(line.size(), head.size() + 20 + tail.size()) << line;
+        EXPECT_EQ(line.substr(0, head.size()), head);
+        EXPECT_EQ(line.substr(head.size() + 20), tail);
+        EXPECT_EQ(stampsBetween(from, to).count(line.substr(head.size(), 20)), 1u) << line;
+    }
+
+    RS232Form& window() { return app->rs232Form(); }
+    std::string shown(Label& label)
+    {
+        auto* w = qobject_cast<QLabel*>(backend->ui.widget(label));
+        return w ? w->text().toStdString() : "(no widget)";
+    }
+
+    QTemporaryDir dir;
+    QProcess socat;
+    QString previousDirectory;
+    std::unique_ptr<QtBackend> backend;
+    std::unique_ptr<App> app;
+    QTimer closer;
+    std::vector<std::string> messages;
+};
+
+const std::string Jane = "Doe, Jane           , QA-4711            , ";
+const std::string Rick = "Roe, Rick           , QA-4712            , ";
+
+TEST_F(StationOverPty, APassingMessageIsAnsweredWithFFAndLogged)
+{
+    // Jane's tester sends 3.5, 12 and 11.2 megohms against its own limits: all pass.
+    startTestFor("Doe");
+    const DateTime before = backend->clock.now();
+    const EmulatorRun run = runEmulator({"pass"}, 3000);
+    const std::string line = logLine();
+    const DateTime after = backend->clock.now();
+
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.starting("SENT "),
+              std::vector<std::string>{"SENT W=03.50M=OK, L=12.00M=OK, R=11.20M=OK, 00.75M<W<10.00M, 00.75M<F<99.98M"});
+    EXPECT_EQ(run.starting("RECV "), std::vector<std::string>{"RECV 0xFF"});
+    expectLogLine(line, Jane, before, after, ", Wok, Lok, Rok, 03.50, 12.00, 11.20");
+
+    EXPECT_EQ(app->ResultCode, 0);
+    EXPECT_EQ(app->ProblemBits, 0);
+    EXPECT_EQ(window().InsTitleLabel.caption(), "OK");
+    EXPECT_EQ(shown(window().InsTitleLabel), "OK");
+    EXPECT_EQ(window().InsLabel.caption(), "Readings OK thank you.  Please press the Enter key or click on Cancel.");
+    EXPECT_EQ(window().WristResultLabel.caption(), "  OK     = 3.5 Meg");
+    EXPECT_EQ(window().LeftResultLabel.caption(), "  OK     = 12 Meg");
+    EXPECT_EQ(window().RightResultLabel.caption(), "  OK     = 11.2 Meg");
+    // Her limits are the tester's: the top of the 100-megohm range reads as the round figure.
+    EXPECT_EQ(window().WristLoLabel.caption(), " .75 Meg");
+    EXPECT_EQ(window().WristHiLabel.caption(), " 10 Meg");
+    EXPECT_EQ(window().FootHiLabel.caption(), "100 Meg");
+    EXPECT_TRUE(window().OtherStrapLabel.visible());
+    EXPECT_EQ(window().OtherStrapLabel.caption(), "Foot Straps are good also.");
+}
+
+TEST_F(StationOverPty, AWristHighMessageIsAnsweredWithFCAndLogged)
+{
+    // 15 megohms on the wrist against the tester's 10: wrist high, byte 0xFC, a retest offered.
+    startTestFor("Doe");
+    const DateTime before = backend->clock.now();
+    const EmulatorRun run = runEmulator({"fail"}, 3000);
+    const std::string line = logLine();
+    const DateTime after = backend->clock.now();
+
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.starting("SENT "),
+              std::vector<std::string>{"SENT W=15.00M=HI, L=12.00M=OK, R=11.20M=OK, 00.75M<W<10.00M, 00.75M<F<99.98M"});
+    EXPECT_EQ(run.starting("RECV "), std::vector<std::string>{"RECV 0xFC"});
+    expectLogLine(line, Jane, before, after, ", Whi, Lok, Rok, 15.00, 12.00, 11.20");
+
+    EXPECT_EQ(app->ResultCode, 5);
+    EXPECT_EQ(app->ProblemBits, 8);
+    EXPECT_EQ(app->WristCode, "Whi");
+    EXPECT_EQ(window().InsTitleLabel.caption(), "Wrist high");
+    EXPECT_EQ(shown(window().InsLabel), "Wrist strap is high.  Make sure it is connected and try again.");
+    EXPECT_EQ(window().WristResultLabel.caption(), "**HIGH** = 15 Meg");
+    EXPECT_EQ(window().LeftResultLabel.caption(), "  OK     = 12 Meg");
+    EXPECT_FALSE(window().OtherStrapLabel.visible());
+    // The window stays for another press, and the link is ready for it.
+    EXPECT_TRUE(app->isLoaded(&window()));
+    EXPECT_EQ(app->TestBusyFlag, 0);
+    EXPECT_EQ(app->TesterText, "");
+}
+
+TEST_F(StationOverPty, AThreeDigitMessageForAWristOnlyEmployee)
+{
+    // A 1000-megohm tester with its switch on the wrist: Rick's feet are not used, the left foot's
+    // 150 megohms is logged as "-", and the tester's foot limit shows as the round 1000.
+    startTestFor("Roe");
+    const DateTime before = backend->clock.now();
+    const EmulatorRun run = runEmulator({"send W=2.5 L=150 R=0.5 switch=wrist form=3"}, 3000);
+    const std::string line = logLine();
+    const DateTime after = backend->clock.now();
+
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.starting("SENT "),
+              std::vector<std::string>{"SENT W=002.5M=OK, L=150.0M=--, R=000.5M=--, 000.8M<W<010.0M, 000.8M<F<999.8M"});
+    EXPECT_EQ(run.starting("RECV "), std::vector<std::string>{"RECV 0xFF"});
+    expectLogLine(line, Rick, before, after, ", Wok, L- , R- , 02.50, -, 00.50");
+
+    EXPECT_EQ(app->ResultCode, 0);
+    EXPECT_EQ(app->Meter100MegFlag, False);
+    EXPECT_EQ(window().WristResultLabel.caption(), "  OK     = 2.5 Meg");
+    EXPECT_EQ(window().LeftResultLabel.caption(), "not used = 150 Meg");
+    EXPECT_EQ(window().RightResultLabel.caption(), "not used = .5 Meg");
+    EXPECT_EQ(window().WristLoLabel.caption(), " .75 Meg");
+    EXPECT_EQ(window().FootLoLabel.caption(), " .8 Meg");
+    EXPECT_EQ(window().FootHiLabel.caption(), "1000 Meg");
+}
+
+TEST_F(StationOverPty, AShortMessageEndsWithTheReceiveWindowAsACommunicationFailure)
+{
+    // The button let go too soon: 40 characters, the two-second window runs out, no answer byte.
+    startTestFor("Doe");
+    const DateTime before = backend->clock.now();
+    const EmulatorRun run = runEmulator({"short"}, 3000);
+    const std::string line = logLine();
+    const DateTime after = backend->clock.now();
+
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.starting("SENT "), std::vector<std::string>{"SENT W=03.50M=OK, L=12.00M=OK, R=11.20M=OK, 0"});
+    EXPECT_TRUE(run.starting("RECV ").empty());
+    EXPECT_EQ(run.starting("NO ANSWER"), std::vector<std::string>{"NO ANSWER within 3000 ms"});
+    expectLogLine(line, Jane, before, after, ", ComFail,  *,  *,  *,  *,  *,  *");
+
+    EXPECT_EQ(app->ResultCode, 16);
+    EXPECT_EQ(app->ProblemBits, 128);
+    EXPECT_EQ(window().InsTitleLabel.caption(), "Communications failure");
+    EXPECT_EQ(window().InsLabel.caption(), "Communications failure.  Try pressing the switch longer.");
+    EXPECT_EQ(window().WristResultLabel.caption(), "    -    ");
+}
+
+} // namespace
+} // namespace zandolt::qt
