@@ -184,6 +184,9 @@ public:
     void removeItem(int index);
     void clear();
     void setItems(std::vector<std::string> items);
+    // Hands the items over, to be refilled in place and given back by setItems: a long list
+    // rebuilt often then reuses its texts' memory.
+    std::vector<std::string> takeItems() { return std::move(items_); }
     int listIndex() const { return listIndex_; }
     void setListIndex(int index);
     // ComboBox: 0 an editable drop-down, 2 a drop-down list.

@@ -334,16 +334,17 @@ void NameForm::Form_QueryUnload(int& cancel, UnloadMode mode)
 void FillNameList(App& app)
 {
     NameForm& f = app.nameForm();
-    std::vector<std::string> items;
-    items.reserve(static_cast<size_t>(app.EmployeeCount));
+    std::vector<std::string> items = f.List1.takeItems();
+    items.resize(static_cast<size_t>(app.EmployeeCount));
     for (int row = 0; row < app.EmployeeCount; ++row) {
-        // " %3d. " and the name; written by hand, as the list is rebuilt on every read of the file.
+        // " %3d. " and the name, written by hand into the item's own memory: the list is rebuilt
+        // on every read of the file.
         const std::string number = std::to_string(row + 1);
-        const std::string& name = app.FullName[static_cast<size_t>(row)];
-        std::string item;
-        item.reserve(6 + number.size() + name.size());
-        item.append(number.size() < 3 ? 4 - number.size() : 1, ' ').append(number).append(". ").append(name);
-        items.push_back(std::move(item));
+        std::string& item = items[static_cast<size_t>(row)];
+        item.assign(number.size() < 3 ? 4 - number.size() : 1, ' ')
+            .append(number)
+            .append(". ")
+            .append(app.FullName[static_cast<size_t>(row)]);
     }
     f.List1.setItems(std::move(items));
     app.CurrentEmployee = 0;
