@@ -138,23 +138,19 @@ Date readDate(std::string_view text, std::string_view separators, int presentYea
 }
 
 // The form the system writes itself, mm/dd/yyyy in digits, read without searching; the general
-// reading gives the same date for it.
-bool isPaddedDate(std::string_view t)
+// reading gives the same date for it. False when the text has another form.
+bool readPaddedDate(std::string_view t, int presentYear, Date& date)
 {
     if (t.size() != 10 || t[2] != '/' || t[5] != '/')
         return false;
-    for (size_t i : {0, 1, 3, 4, 6, 7, 8, 9})
-        if (t[i] < '0' || t[i] > '9')
-            return false;
+    const auto digit = [&t](size_t i) { return static_cast<unsigned>(static_cast<unsigned char>(t[i])) - '0'; };
+    const unsigned m1 = digit(0), m0 = digit(1), d1 = digit(3), d0 = digit(4);
+    const unsigned y3 = digit(6), y2 = digit(7), y1 = digit(8), y0 = digit(9);
+    // Each is below 10 when it was a digit; anything else wrapped around to a large number.
+    if ((m1 > 9) | (m0 > 9) | (d1 > 9) | (d0 > 9) | (y3 > 9) | (y2 > 9) | (y1 > 9) | (y0 > 9))
+        return false;
+    date = centuryDate(y3 * 1000 + y2 * 100 + y1 * 10 + y0, m1 * 10 + m0, d1 * 10 + d0, presentYear);
     return true;
-}
-
-int digitsAt(std::string_view t, size_t from, size_t count)
-{
-    int v = 0;
-    for (size_t i = from; i < from + count; ++i)
-        v = v * 10 + (t[i] - '0');
-    return v;
 }
 
 } // namespace
@@ -186,9 +182,10 @@ int DayOfYear(const DateTime& now)
 
 Date StringToDate(std::string_view text, int presentYear)
 {
-    if (isPaddedDate(text))
-        return centuryDate(digitsAt(text, 6, 4), digitsAt(text, 0, 2), digitsAt(text, 3, 2), presentYear);
-    Date d = readDate(text, "/-.\\", presentYear);
+    Date d;
+    if (readPaddedDate(text, presentYear, d))
+        return d;
+    d = readDate(text, "/-.\\", presentYear);
     if (d == 0)
         d = readDate(text, "-", presentYear);
     return d;

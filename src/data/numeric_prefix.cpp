@@ -7,32 +7,43 @@
 
 namespace zandolt {
 
+namespace {
+
+inline bool isDigit(char c)
+{
+    return static_cast<unsigned char>(c - '0') <= 9;
+}
+
+} // namespace
+
 double NumericPrefix(std::string_view text)
 {
-    size_t i = 0;
-    while (i < text.size() && text[i] == ' ')
-        ++i;
+    const char* p = text.data();
+    const char* const end = p + text.size();
+    while (p < end && *p == ' ')
+        ++p;
     bool negative = false;
-    if (i < text.size() && (text[i] == '+' || text[i] == '-'))
-        negative = text[i++] == '-';
+    if (p < end && (*p == '+' || *p == '-'))
+        negative = *p++ == '-';
 
     std::uint64_t mantissa = 0;
-    int digits = 0, decimals = 0;
-    bool point = false;
-    for (; i < text.size(); ++i) {
-        const char c = text[i];
-        if (c >= '0' && c <= '9') {
-            mantissa = mantissa * 10 + static_cast<std::uint64_t>(c - '0');
-            ++digits;
-            decimals += point ? 1 : 0;
-        } else if (c == '.' && !point) {
-            point = true;
-        } else {
-            // Blanks inside a number and exponents are Val's to read.
-            if (c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == 'E' || c == 'e' || c == 'D' || c == 'd')
-                return Val(std::string(text));
-            break;
-        }
+    const char* const whole = p;
+    while (p < end && isDigit(*p))
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p++ - '0');
+    int digits = static_cast<int>(p - whole);
+    int decimals = 0;
+    if (p < end && *p == '.') {
+        const char* const fraction = ++p;
+        while (p < end && isDigit(*p))
+            mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p++ - '0');
+        decimals = static_cast<int>(p - fraction);
+        digits += decimals;
+    }
+    // Blanks inside a number and exponents are Val's to read.
+    if (p < end) {
+        const char c = *p;
+        if (c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == 'E' || c == 'e' || c == 'D' || c == 'd')
+            return Val(std::string(text));
     }
     // Up to 15 digits the quotient of two exact doubles is the correctly rounded value of the
     // decimal text, the same that the library's conversion gives.
@@ -40,8 +51,9 @@ double NumericPrefix(std::string_view text)
         return 0;
     if (digits > 15)
         return Val(std::string(text));
-    constexpr double powers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    const double v = decimals == 0 ? static_cast<double>(mantissa) : static_cast<double>(mantissa) / powers[decimals];
+    static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const double v = static_cast<double>(mantissa) / powers[decimals];
     return negative ? -v : v;
 }
 

@@ -1,0 +1,116 @@
+// The comma-separated fields of one line of a data file, taken from the left one at a time.
+// A comma from the second character of the remainder on ends a field, which is handed out
+// without its surrounding blanks. Without such a comma, or with a comma in front, the field is
+// the whole remainder and the last of the line.
+//
+// A station reads thousands of these lines at every change of the employee file, so the commas
+// are found sixteen bytes at a time and a long stretch without one, like the attendance, is left
+// to the library's search.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace zandolt {
+
+// One field: its text without blanks around it, and whether the line ends with it.
+struct LineField
+{
+    std::string_view text;
+    bool last;
+};
+
+class LineFields
+{
+public:
+    explicit LineFields(std::string_view line)
+        : cur_(line.data()), end_(line.data() + line.size()), block_(line.data()),
+          mask_(line.empty() ? 0 : commaMask(block_, end_))
+    {
+    }
+
+    LineField next()
+    {
+        const char* b = cur_;
+        const char* c = nextComma();
+        const char* e = end_;
+        const bool last = c == end_ || c == b;
+        if (!last) {
+            e = c;
+            cur_ = c + 1;
+            mask_ &= mask_ - 1; // that comma is used
+        } else {
+            cur_ = end_;
+        }
+        while (b < e && *b == ' ')
+            ++b;
+        while (e > b && e[-1] == ' ')
+            --e;
+        return {std::string_view(b, static_cast<size_t>(e - b)), last};
+    }
+
+    // Nothing at all is left of the line.
+    bool done() const { return cur_ == end_; }
+
+private:
+    // One bit for each comma among the sixteen bytes from p on, none beyond the line's end.
+    static std::uint32_t commaMask(const char* p, const char* end)
+    {
+        char tail[16];
+        if (end - p < 16) {
+            std::memset(tail, 0, sizeof tail);
+            std::memcpy(tail, p, static_cast<size_t>(end - p));
+            p = tail;
+        }
+#if defined(__SSE2__)
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        return static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(','))));
+#else
+        std::uint32_t mask = 0;
+        for (int i = 0; i < 16; ++i)
+            mask |= static_cast<std::uint32_t>(p[i] == ',') << i;
+        return mask;
+#endif
+    }
+
+    // The first comma from cur_ on, or end_. mask_ holds the unused commas of the block at block_,
+    // and none lies between cur_ and the block.
+    const char* nextComma()
+    {
+        if (mask_ != 0)
+            return block_ + std::countr_zero(mask_);
+        if (end_ - block_ <= 16) {
+            block_ = end_;
+            return end_;
+        }
+        block_ += 16;
+        mask_ = commaMask(block_, end_);
+        if (mask_ != 0)
+            return block_ + std::countr_zero(mask_);
+        if (end_ - block_ <= 16) {
+            block_ = end_;
+            return end_;
+        }
+        const void* comma = std::memchr(block_ + 16, ',', static_cast<size_t>(end_ - block_ - 16));
+        if (comma == nullptr) {
+            block_ = end_;
+            return end_;
+        }
+        block_ = static_cast<const char*>(comma);
+        mask_ = commaMask(block_, end_);
+        return block_;
+    }
+
+    const char* cur_;
+    const char* end_;
+    const char* block_;
+    std::uint32_t mask_;
+};
+
+} // namespace zandolt
