@@ -45,6 +45,8 @@ constexpr long long floorDiv(long long a, long long b)
 // The day number of year, month, day by the overflow rule, without limits.
 constexpr long long serialDays(long long year, long long month, long long day)
 {
+    if (month >= 1 && month <= 12) // nearly always: no months to carry into the year
+        return daysFromCivil(year, static_cast<int>(month), 1) + EpochOffset + day - 1;
     const long long m0 = month - 1;
     const long long y = year + floorDiv(m0, 12);
     const int m = static_cast<int>(m0 - floorDiv(m0, 12) * 12) + 1;

@@ -48,10 +48,19 @@ public:
         } else {
             cur_ = end_;
         }
-        while (b < e && *b == ' ')
-            ++b;
-        while (e > b && e[-1] == ' ')
-            --e;
+        // A field that ends at its comma has a character that is no blank at e, and once b stands
+        // on one that is no blank, the search back from e stops there at the latest.
+        if (!last) {
+            while (*b == ' ')
+                ++b;
+        } else {
+            while (b < e && *b == ' ')
+                ++b;
+        }
+        if (b < e) {
+            while (e[-1] == ' ')
+                --e;
+        }
         return {std::string_view(b, static_cast<size_t>(e - b)), last};
     }
 

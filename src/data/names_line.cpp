@@ -26,6 +26,12 @@ Step after(const Field& f)
 
 std::optional<int16> whole(double v)
 {
+    // Whole numbers, as the file holds them, need no rounding.
+    if (v >= -32768 && v <= 32767) {
+        const auto i = static_cast<int16>(v);
+        if (i == v)
+            return i;
+    }
     const long long r = RoundHalfEven(v);
     if (r < -32768 || r > 32767)
         return std::nullopt;

@@ -16,7 +16,7 @@ inline bool isDigit(char c)
 
 } // namespace
 
-double NumericPrefix(std::string_view text)
+double NumericPrefixOfAnyText(std::string_view text)
 {
     const char* p = text.data();
     const char* const end = p + text.size();
@@ -51,9 +51,7 @@ double NumericPrefix(std::string_view text)
         return 0;
     if (digits > 15)
         return Val(std::string(text));
-    static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    const double v = static_cast<double>(mantissa) / powers[decimals];
+    const double v = static_cast<double>(mantissa) / DecimalPowers[decimals];
     return negative ? -v : v;
 }
 

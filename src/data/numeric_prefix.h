@@ -3,10 +3,60 @@
 // less plain (blanks inside the number, an exponent, very many digits) is left to Val.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace zandolt {
 
-double NumericPrefix(std::string_view text);
+inline constexpr double DecimalPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+// The text when it is nothing but digits with at most one point and an optional minus in front,
+// and no more than 15 digits: then the quotient of two exact doubles is the correctly rounded
+// value, the same as the library's conversion gives. False for any other text.
+inline bool PlainNumber(std::string_view text, double& value)
+{
+    const char* p = text.data();
+    // The form the station writes its limits in, "012.50", taken whole.
+    if (text.size() == 6 && p[3] == '.') {
+        const unsigned d0 = static_cast<unsigned char>(p[0]) - 48u, d1 = static_cast<unsigned char>(p[1]) - 48u,
+                       d2 = static_cast<unsigned char>(p[2]) - 48u, d4 = static_cast<unsigned char>(p[4]) - 48u,
+                       d5 = static_cast<unsigned char>(p[5]) - 48u;
+        if ((d0 <= 9) & (d1 <= 9) & (d2 <= 9) & (d4 <= 9) & (d5 <= 9)) {
+            value = static_cast<double>(d0 * 10000 + d1 * 1000 + d2 * 100 + d4 * 10 + d5) / 100;
+            return true;
+        }
+    }
+    const char* const end = p + text.size();
+    const bool negative = p != end && *p == '-';
+    p += negative ? 1 : 0;
+    const char* const first = p;
+    const char* point = nullptr;
+    std::uint64_t mantissa = 0;
+    for (; p != end; ++p) {
+        const unsigned digit = static_cast<unsigned char>(*p) - static_cast<unsigned>('0');
+        if (digit <= 9)
+            mantissa = mantissa * 10 + digit;
+        else if (*p == '.' && point == nullptr)
+            point = p;
+        else
+            return false;
+    }
+    const auto digits = (p - first) - (point != nullptr ? 1 : 0);
+    if (digits == 0 || digits > 15)
+        return false;
+    const double magnitude = static_cast<double>(mantissa) / DecimalPowers[point != nullptr ? end - point - 1 : 0];
+    value = negative ? -magnitude : magnitude;
+    return true;
+}
+
+// Any text: leading blanks, a sign, digits and one point as far as they go.
+double NumericPrefixOfAnyText(std::string_view text);
+
+inline double NumericPrefix(std::string_view text)
+{
+    double value;
+    return PlainNumber(text, value) ? value : NumericPrefixOfAnyText(text);
+}
 
 } // namespace zandolt
