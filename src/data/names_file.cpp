@@ -7,6 +7,7 @@
 #include "station/err_msg_frm.h"
 #include "station/name_form.h"
 
+#include <cstring>
 #include <string_view>
 
 namespace zandolt {
@@ -106,7 +107,14 @@ void ReadNamesFile(App& app)
             return;
         }
         const size_t r = static_cast<size_t>(row);
-        app.FullName[r].assign(app.LastName[r]).append(", ").append(app.FirstName[r]);
+        // "Last, First", written straight into the name's own memory.
+        const std::string &last = app.LastName[r], &first = app.FirstName[r];
+        std::string& full = app.FullName[r];
+        full.resize(last.size() + 2 + first.size());
+        std::memcpy(full.data(), last.data(), last.size());
+        full[last.size()] = ',';
+        full[last.size() + 1] = ' ';
+        std::memcpy(full.data() + last.size() + 2, first.data(), first.size());
     }
     app.CurrentEmployee = static_cast<int16>(row);
     app.EmployeeCount = row + 1;

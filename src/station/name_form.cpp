@@ -13,6 +13,9 @@
 #include "station/printer_check_form.h"
 #include "station/tester_link.h"
 
+#include <charconv>
+#include <cstring>
+
 namespace zandolt {
 
 NameForm::NameForm(App& app)
@@ -339,12 +342,18 @@ void FillNameList(App& app)
     for (int row = 0; row < app.EmployeeCount; ++row) {
         // " %3d. " and the name, written by hand into the item's own memory: the list is rebuilt
         // on every read of the file.
-        const std::string number = std::to_string(row + 1);
+        char number[12];
+        const size_t digits = static_cast<size_t>(std::to_chars(number, number + sizeof number, row + 1).ptr - number);
+        const size_t blanks = digits < 3 ? 4 - digits : 1;
+        const std::string& name = app.FullName[static_cast<size_t>(row)];
         std::string& item = items[static_cast<size_t>(row)];
-        item.assign(number.size() < 3 ? 4 - number.size() : 1, ' ')
-            .append(number)
-            .append(". ")
-            .append(app.FullName[static_cast<size_t>(row)]);
+        item.resize(blanks + digits + 2 + name.size());
+        char* out = item.data();
+        std::memset(out, ' ', blanks);
+        std::memcpy(out + blanks, number, digits);
+        out[blanks + digits] = '.';
+        out[blanks + digits + 1] = ' ';
+        std::memcpy(out + blanks + digits + 2, name.data(), name.size());
     }
     f.List1.setItems(std::move(items));
     app.CurrentEmployee = 0;
