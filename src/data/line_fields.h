@@ -38,25 +38,22 @@ public:
     LineField next()
     {
         const char* b = cur_;
-        const char* c = nextComma();
         const char* e = end_;
+        const char* c = nextComma();
         const bool last = c == end_ || c == b;
         if (!last) {
             e = c;
             cur_ = c + 1;
             mask_ &= mask_ - 1; // that comma is used
-        } else {
-            cur_ = end_;
-        }
-        // A field that ends at its comma has a character that is no blank at e, and once b stands
-        // on one that is no blank, the search back from e stops there at the latest.
-        if (!last) {
+            // The comma at e is no blank, so the search for the first character needs no bound.
             while (*b == ' ')
                 ++b;
         } else {
+            cur_ = end_;
             while (b < e && *b == ' ')
                 ++b;
         }
+        // Once b stands on a character that is no blank, the search back from e stops there.
         if (b < e) {
             while (e[-1] == ' ')
                 --e;
@@ -92,28 +89,22 @@ private:
     // and none lies between cur_ and the block.
     const char* nextComma()
     {
-        if (mask_ != 0)
-            return block_ + std::countr_zero(mask_);
-        if (end_ - block_ <= 16) {
-            block_ = end_;
-            return end_;
+        if (mask_ == 0) {
+            if (end_ - block_ <= 16)
+                return block_ = end_;
+            block_ += 16;
+            mask_ = commaMask(block_, end_);
         }
-        block_ += 16;
-        mask_ = commaMask(block_, end_);
-        if (mask_ != 0)
-            return block_ + std::countr_zero(mask_);
-        if (end_ - block_ <= 16) {
-            block_ = end_;
-            return end_;
+        if (mask_ == 0) {
+            // A long stretch without a comma, like the attendance.
+            const void* comma =
+                end_ - block_ > 16 ? std::memchr(block_ + 16, ',', static_cast<size_t>(end_ - block_ - 16)) : nullptr;
+            if (comma == nullptr)
+                return block_ = end_;
+            block_ = static_cast<const char*>(comma);
+            mask_ = commaMask(block_, end_);
         }
-        const void* comma = std::memchr(block_ + 16, ',', static_cast<size_t>(end_ - block_ - 16));
-        if (comma == nullptr) {
-            block_ = end_;
-            return end_;
-        }
-        block_ = static_cast<const char*>(comma);
-        mask_ = commaMask(block_, end_);
-        return block_;
+        return block_ + std::countr_zero(mask_);
     }
 
     const char* cur_;

@@ -13,13 +13,11 @@ namespace zandolt {
 
 namespace {
 
-using Field = LineField;
-
 // What became of a field: stored and the line goes on, stored as the line's last, or not stored
 // and the line ends; or the row can't be kept at all.
 enum class Step { Next, Stored, End, Fail };
 
-Step after(const Field& f)
+Step after(const LineField& f)
 {
     return f.last ? Step::Stored : Step::Next;
 }
@@ -38,7 +36,7 @@ std::optional<int16> whole(double v)
     return static_cast<int16>(r);
 }
 
-Step text(const Field& f, std::string& column)
+Step text(const LineField& f, std::string& column)
 {
     if (f.text.empty())
         return Step::End;
@@ -47,7 +45,7 @@ Step text(const Field& f, std::string& column)
 }
 
 // A limit: the numeric prefix of a field between commas, but only a wholly numeric last field.
-Step limit(const Field& f, float& column)
+Step limit(const LineField& f, float& column)
 {
     if (f.text.empty() || (f.last && !IsNumeric(std::string(f.text))))
         return Step::End;
@@ -58,7 +56,7 @@ Step limit(const Field& f, float& column)
     return after(f);
 }
 
-Step enable(const Field& f, int16& column)
+Step enable(const LineField& f, int16& column)
 {
     if (f.text.empty() || (f.last && !IsNumeric(std::string(f.text))))
         return Step::End;
@@ -69,7 +67,7 @@ Step enable(const Field& f, int16& column)
     return after(f);
 }
 
-Step date(const Field& f, Date& column, int presentYear)
+Step date(const LineField& f, Date& column, int presentYear)
 {
     const Date d = StringToDate(f.text, presentYear);
     if (d == 0)
@@ -78,7 +76,7 @@ Step date(const Field& f, Date& column, int presentYear)
     return after(f);
 }
 
-Step attendance(const Field& f, std::string& column)
+Step attendance(const LineField& f, std::string& column)
 {
     if (f.text.size() != AttendanceLength)
         return Step::End;
@@ -88,7 +86,7 @@ Step attendance(const Field& f, std::string& column)
 
 // The warning countdown and the password end the line when nothing at all follows their comma,
 // before anything is stored; a blank field between two commas is stored.
-Step warning(const Field& f, bool lineDone, int16& column)
+Step warning(const LineField& f, bool lineDone, int16& column)
 {
     if (f.last ? f.text.empty() : lineDone)
         return Step::End;
@@ -99,7 +97,7 @@ Step warning(const Field& f, bool lineDone, int16& column)
     return after(f);
 }
 
-Step password(const Field& f, bool lineDone, std::string& column)
+Step password(const LineField& f, bool lineDone, std::string& column)
 {
     if (f.last ? f.text.empty() : lineDone)
         return Step::End;
@@ -230,7 +228,7 @@ int readFields(LineFields& fields, EmployeeTable& t, size_t r, int presentYear)
     if ((s = attendance(fields.next(), t.Attendance[r])) != Step::Next)
         return done(s);
     ++column;
-    Field f = fields.next();
+    LineField f = fields.next();
     if ((s = warning(f, fields.done(), t.CertWarning[r])) != Step::Next)
         return done(s);
     ++column;
@@ -251,7 +249,7 @@ int readFields(LineFields& fields, EmployeeTable& t, size_t r, int presentYear)
 NameLineResult ReadNameLine(std::string_view line, EmployeeTable& table, int& row, const NameLineContext& context)
 {
     LineFields fields(line);
-    const Field last = fields.next();
+    const LineField last = fields.next();
     if (last.last || last.text.empty())
         return NameLineResult::NoRow;
     ++row;

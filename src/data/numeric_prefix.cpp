@@ -2,19 +2,9 @@
 
 #include "data/number_text.h"
 
-#include <cstdint>
 #include <string>
 
 namespace zandolt {
-
-namespace {
-
-inline bool isDigit(char c)
-{
-    return static_cast<unsigned char>(c - '0') <= 9;
-}
-
-} // namespace
 
 double NumericPrefixOfAnyText(std::string_view text)
 {
@@ -22,22 +12,21 @@ double NumericPrefixOfAnyText(std::string_view text)
     const char* const end = p + text.size();
     while (p < end && *p == ' ')
         ++p;
-    bool negative = false;
+    // PlainNumber takes a minus in front but no plus.
+    const char* const number = p < end && *p == '+' ? p + 1 : p;
     if (p < end && (*p == '+' || *p == '-'))
-        negative = *p++ == '-';
+        ++p;
 
-    std::uint64_t mantissa = 0;
-    const char* const whole = p;
-    while (p < end && isDigit(*p))
-        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p++ - '0');
-    int digits = static_cast<int>(p - whole);
-    int decimals = 0;
-    if (p < end && *p == '.') {
-        const char* const fraction = ++p;
-        while (p < end && isDigit(*p))
-            mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p++ - '0');
-        decimals = static_cast<int>(p - fraction);
-        digits += decimals;
+    // The plain part: digits and one point, as far as they go.
+    int digits = 0;
+    bool point = false;
+    for (; p < end; ++p) {
+        if (static_cast<unsigned char>(*p - '0') <= 9)
+            ++digits;
+        else if (*p == '.' && !point)
+            point = true;
+        else
+            break;
     }
     // Blanks inside a number and exponents are Val's to read.
     if (p < end) {
@@ -45,14 +34,12 @@ double NumericPrefixOfAnyText(std::string_view text)
         if (c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == 'E' || c == 'e' || c == 'D' || c == 'd')
             return Val(std::string(text));
     }
-    // Up to 15 digits the quotient of two exact doubles is the correctly rounded value of the
-    // decimal text, the same that the library's conversion gives.
     if (digits == 0)
         return 0;
-    if (digits > 15)
-        return Val(std::string(text));
-    const double v = static_cast<double>(mantissa) / DecimalPowers[decimals];
-    return negative ? -v : v;
+    double value;
+    if (PlainNumber(std::string_view(number, static_cast<size_t>(p - number)), value))
+        return value;
+    return Val(std::string(text)); // more digits than a double holds exactly
 }
 
 } // namespace zandolt

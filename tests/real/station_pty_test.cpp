@@ -8,6 +8,7 @@
 #include "station/err_msg_frm.h"
 #include "station/name_form.h"
 #include "station/rs232_form.h"
+#include "support/pass_readings.h"
 
 #include <QApplication>
 #include <QDir>
@@ -213,14 +214,36 @@ protected:
         return log.substr(0, log.size() - 2);
     }
 
-    // The log line has the expected text around a time stamp taken while the test ran.
-    void expectLogLine(const std::string& line, const std::string& head, const DateTime& from, const DateTime& to,
-                       const std::string& tail)
+    // One visit: what the emulator saw, the line it left in the log, and the station's clock
+    // before the button was pressed and after the line came.
+    struct Visit
     {
-        ASSERT_EQ(line.size(), head.size() + 20 + tail.size()) << line;
-        EXPECT_EQ(line.substr(0, head.size()), head);
-        EXPECT_EQ(line.substr(head.size() + 20), tail);
-        EXPECT_EQ(stampsBetween(from, to).count(line.substr(head.size(), 20)), 1u) << line;
+        EmulatorRun run;
+        std::string line;
+        DateTime before, after;
+    };
+
+    // The employee whose name starts so opens the test window, and the emulator runs this command.
+    Visit visit(const QString& typed, const QString& command)
+    {
+        Visit v;
+        startTestFor(typed);
+        if (HasFatalFailure())
+            return v;
+        v.before = backend->clock.now();
+        v.run = runEmulator({command}, 3000);
+        v.line = logLine();
+        v.after = backend->clock.now();
+        return v;
+    }
+
+    // The log line has the expected text around a time stamp taken while the test ran.
+    static void expectLogLine(const Visit& v, const std::string& head, const std::string& tail)
+    {
+        ASSERT_EQ(v.line.size(), head.size() + 20 + tail.size()) << v.line;
+        EXPECT_EQ(v.line.substr(0, head.size()), head);
+        EXPECT_EQ(v.line.substr(head.size() + 20), tail);
+        EXPECT_EQ(stampsBetween(v.before, v.after).count(v.line.substr(head.size(), 20)), 1u) << v.line;
     }
 
     RS232Form& window() { return app->rs232Form(); }
@@ -245,30 +268,19 @@ const std::string Rick = "Roe, Rick           , QA-4712            , ";
 TEST_F(StationOverPty, APassingMessageIsAnsweredWithFFAndLogged)
 {
     // Jane's tester sends 3.5, 12 and 11.2 megohms against its own limits: all pass.
-    startTestFor("Doe");
-    const DateTime before = backend->clock.now();
-    const EmulatorRun run = runEmulator({"pass"}, 3000);
-    const std::string line = logLine();
-    const DateTime after = backend->clock.now();
+    const Visit v = visit("Doe", "pass");
 
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.starting("SENT "),
+    EXPECT_EQ(v.run.exitCode, 0);
+    EXPECT_EQ(v.run.starting("SENT "),
               std::vector<std::string>{"SENT W=03.50M=OK, L=12.00M=OK, R=11.20M=OK, 00.75M<W<10.00M, 00.75M<F<99.98M"});
-    EXPECT_EQ(run.starting("RECV "), std::vector<std::string>{"RECV 0xFF"});
-    expectLogLine(line, Jane, before, after, ", Wok, Lok, Rok, 03.50, 12.00, 11.20");
+    EXPECT_EQ(v.run.starting("RECV "), std::vector<std::string>{"RECV 0xFF"});
+    expectLogLine(v, Jane, ", Wok, Lok, Rok, 03.50, 12.00, 11.20");
 
     EXPECT_EQ(app->ResultCode, 0);
     EXPECT_EQ(app->ProblemBits, 0);
-    EXPECT_EQ(window().InsTitleLabel.caption(), "OK");
+    // Her limits are the tester's.
+    testing::ExpectPassReadingsShown(window());
     EXPECT_EQ(shown(window().InsTitleLabel), "OK");
-    EXPECT_EQ(window().InsLabel.caption(), "Readings OK thank you.  Please press the Enter key or click on Cancel.");
-    EXPECT_EQ(window().WristResultLabel.caption(), "  OK     = 3.5 Meg");
-    EXPECT_EQ(window().LeftResultLabel.caption(), "  OK     = 12 Meg");
-    EXPECT_EQ(window().RightResultLabel.caption(), "  OK     = 11.2 Meg");
-    // Her limits are the tester's: the top of the 100-megohm range reads as the round figure.
-    EXPECT_EQ(window().WristLoLabel.caption(), " .75 Meg");
-    EXPECT_EQ(window().WristHiLabel.caption(), " 10 Meg");
-    EXPECT_EQ(window().FootHiLabel.caption(), "100 Meg");
     EXPECT_TRUE(window().OtherStrapLabel.visible());
     EXPECT_EQ(window().OtherStrapLabel.caption(), "Foot Straps are good also.");
 }
@@ -276,17 +288,13 @@ TEST_F(StationOverPty, APassingMessageIsAnsweredWithFFAndLogged)
 TEST_F(StationOverPty, AWristHighMessageIsAnsweredWithFCAndLogged)
 {
     // 15 megohms on the wrist against the tester's 10: wrist high, byte 0xFC, a retest offered.
-    startTestFor("Doe");
-    const DateTime before = backend->clock.now();
-    const EmulatorRun run = runEmulator({"fail"}, 3000);
-    const std::string line = logLine();
-    const DateTime after = backend->clock.now();
+    const Visit v = visit("Doe", "fail");
 
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.starting("SENT "),
+    EXPECT_EQ(v.run.exitCode, 0);
+    EXPECT_EQ(v.run.starting("SENT "),
               std::vector<std::string>{"SENT W=15.00M=HI, L=12.00M=OK, R=11.20M=OK, 00.75M<W<10.00M, 00.75M<F<99.98M"});
-    EXPECT_EQ(run.starting("RECV "), std::vector<std::string>{"RECV 0xFC"});
-    expectLogLine(line, Jane, before, after, ", Whi, Lok, Rok, 15.00, 12.00, 11.20");
+    EXPECT_EQ(v.run.starting("RECV "), std::vector<std::string>{"RECV 0xFC"});
+    expectLogLine(v, Jane, ", Whi, Lok, Rok, 15.00, 12.00, 11.20");
 
     EXPECT_EQ(app->ResultCode, 5);
     EXPECT_EQ(app->ProblemBits, 8);
@@ -306,17 +314,13 @@ TEST_F(StationOverPty, AThreeDigitMessageForAWristOnlyEmployee)
 {
     // A 1000-megohm tester with its switch on the wrist: Rick's feet are not used, the left foot's
     // 150 megohms is logged as "-", and the tester's foot limit shows as the round 1000.
-    startTestFor("Roe");
-    const DateTime before = backend->clock.now();
-    const EmulatorRun run = runEmulator({"send W=2.5 L=150 R=0.5 switch=wrist form=3"}, 3000);
-    const std::string line = logLine();
-    const DateTime after = backend->clock.now();
+    const Visit v = visit("Roe", "send W=2.5 L=150 R=0.5 switch=wrist form=3");
 
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.starting("SENT "),
+    EXPECT_EQ(v.run.exitCode, 0);
+    EXPECT_EQ(v.run.starting("SENT "),
               std::vector<std::string>{"SENT W=002.5M=OK, L=150.0M=--, R=000.5M=--, 000.8M<W<010.0M, 000.8M<F<999.8M"});
-    EXPECT_EQ(run.starting("RECV "), std::vector<std::string>{"RECV 0xFF"});
-    expectLogLine(line, Rick, before, after, ", Wok, L- , R- , 02.50, -, 00.50");
+    EXPECT_EQ(v.run.starting("RECV "), std::vector<std::string>{"RECV 0xFF"});
+    expectLogLine(v, Rick, ", Wok, L- , R- , 02.50, -, 00.50");
 
     EXPECT_EQ(app->ResultCode, 0);
     EXPECT_EQ(app->Meter100MegFlag, False);
@@ -331,17 +335,13 @@ TEST_F(StationOverPty, AThreeDigitMessageForAWristOnlyEmployee)
 TEST_F(StationOverPty, AShortMessageEndsWithTheReceiveWindowAsACommunicationFailure)
 {
     // The button let go too soon: 40 characters, the two-second window runs out, no answer byte.
-    startTestFor("Doe");
-    const DateTime before = backend->clock.now();
-    const EmulatorRun run = runEmulator({"short"}, 3000);
-    const std::string line = logLine();
-    const DateTime after = backend->clock.now();
+    const Visit v = visit("Doe", "short");
 
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.starting("SENT "), std::vector<std::string>{"SENT W=03.50M=OK, L=12.00M=OK, R=11.20M=OK, 0"});
-    EXPECT_TRUE(run.starting("RECV ").empty());
-    EXPECT_EQ(run.starting("NO ANSWER"), std::vector<std::string>{"NO ANSWER within 3000 ms"});
-    expectLogLine(line, Jane, before, after, ", ComFail,  *,  *,  *,  *,  *,  *");
+    EXPECT_EQ(v.run.exitCode, 0);
+    EXPECT_EQ(v.run.starting("SENT "), std::vector<std::string>{"SENT W=03.50M=OK, L=12.00M=OK, R=11.20M=OK, 0"});
+    EXPECT_TRUE(v.run.starting("RECV ").empty());
+    EXPECT_EQ(v.run.starting("NO ANSWER"), std::vector<std::string>{"NO ANSWER within 3000 ms"});
+    expectLogLine(v, Jane, ", ComFail,  *,  *,  *,  *,  *,  *");
 
     EXPECT_EQ(app->ResultCode, 16);
     EXPECT_EQ(app->ProblemBits, 128);
