@@ -4,6 +4,7 @@
 #include "data/number_text.h"
 #include "data/numeric_prefix.h"
 
+#include <array>
 #include <cstdio>
 
 namespace zandolt {
@@ -42,11 +43,31 @@ constexpr long long floorDiv(long long a, long long b)
     return a / b - ((a % b != 0) && ((a < 0) != (b < 0)) ? 1 : 0);
 }
 
+// The day numbers of 1 January of the years that nearly every date of the files falls in, one
+// year more for the length of the last, and the days in front of each month of a common year.
+// A station reads three dates for every employee at every change of the file.
+constexpr int FirstTableYear = 1900;
+constexpr int TableYears = 256;
+constexpr auto YearStarts = [] {
+    std::array<int, TableYears + 1> starts{};
+    for (int i = 0; i <= TableYears; ++i)
+        starts[static_cast<size_t>(i)] = static_cast<int>(daysFromCivil(FirstTableYear + i, 1, 1) + EpochOffset);
+    return starts;
+}();
+constexpr std::array<int, 13> DaysBeforeMonth = {0, 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+
 // The day number of year, month, day by the overflow rule, without limits.
 constexpr long long serialDays(long long year, long long month, long long day)
 {
-    if (month >= 1 && month <= 12) // nearly always: no months to carry into the year
+    if (month >= 1 && month <= 12) { // nearly always: no months to carry into the year
+        const auto i = static_cast<unsigned long long>(year - FirstTableYear);
+        if (i < TableYears) {
+            const int start = YearStarts[i];
+            const int leapDay = month > 2 ? YearStarts[i + 1] - start - 365 : 0;
+            return start + DaysBeforeMonth[static_cast<size_t>(month)] + leapDay + day - 1;
+        }
         return daysFromCivil(year, static_cast<int>(month), 1) + EpochOffset + day - 1;
+    }
     const long long m0 = month - 1;
     const long long y = year + floorDiv(m0, 12);
     const int m = static_cast<int>(m0 - floorDiv(m0, 12) * 12) + 1;

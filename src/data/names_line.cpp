@@ -156,7 +156,7 @@ void setDefaults(EmployeeTable& t, size_t r, int first, const NameLineContext& c
         t.FootEnable[r] = True;
         [[fallthrough]];
     case LeaveStatusCol:
-        t.LeaveStatus[r] = "E";
+        t.LeaveStatus[r].assign(1, 'E'); // not = "E": GCC 12 warns falsely on that at -O3
         [[fallthrough]];
     case LeaveStartCol:
         t.LeaveStart[r] = context.today;
@@ -165,7 +165,7 @@ void setDefaults(EmployeeTable& t, size_t r, int first, const NameLineContext& c
         t.LeaveStop[r] = context.today;
         [[fallthrough]];
     case CertTypeCol:
-        t.CertType[r] = "1";
+        t.CertType[r].assign(1, '1');
         [[fallthrough]];
     case CertExpiryCol:
         t.CertExpiry[r] = context.today;

@@ -22,6 +22,26 @@ TEST(Dates, DayNumbersCountFromTheLastDaysOf1899)
     EXPECT_EQ(TodayDate(DateTime{2026, 11, 22, 8, 0, 0, 0}), DateSerial(2026, 11, 22));
 }
 
+TEST(Dates, EveryDayOfTwoAndAHalfCenturiesFollowsTheDayBefore)
+{
+    // Day by day from 1898 to 2158, across both ends of the years read from a table, with the
+    // Gregorian leap rule: 1900 and 2100 have no 29 February, 2000 has one.
+    const auto leap = [](int y) { return y % 4 == 0 && (y % 100 != 0 || y % 400 == 0); };
+    const int monthDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    Date expected = DateSerial(1898, 1, 1);
+    int wrong = 0;
+    for (int y = 1898; y <= 2158; ++y)
+        for (int m = 1; m <= 12; ++m)
+            for (int d = 1; d <= monthDays[m - 1] + (m == 2 && leap(y) ? 1 : 0); ++d, ++expected)
+                if (DateSerial(y, m, d) != expected ||
+                    ymd(expected) != std::to_string(y) + "-" + std::to_string(m) + "-" + std::to_string(d))
+                    ++wrong;
+    EXPECT_EQ(wrong, 0);
+    EXPECT_EQ(DateSerial(1900, 3, 1), 61);
+    EXPECT_EQ(DateSerial(2159, 1, 1), expected);
+    EXPECT_EQ(DateSerial(2100, 2, 29), DateSerial(2100, 3, 1));
+}
+
 TEST(Dates, MonthsAndDaysOutsideTheirRangeRunOver)
 {
     // The calendar's overflow rule, both ways.
