@@ -27,6 +27,39 @@ inline bool PlainNumber(std::string_view text, double& value)
             return true;
         }
     }
+    // The short forms of the other columns, "0", "-1", "12", and the limit "-1.00".
+    if (text.size() <= 2) {
+        if (text.empty())
+            return false;
+        const unsigned d0 = static_cast<unsigned char>(p[0]) - 48u;
+        if (text.size() == 1) {
+            if (d0 <= 9) {
+                value = d0;
+                return true;
+            }
+            return false;
+        }
+        const unsigned d1 = static_cast<unsigned char>(p[1]) - 48u;
+        if (d1 <= 9) {
+            if (d0 <= 9) {
+                value = d0 * 10 + d1;
+                return true;
+            }
+            if (p[0] == '-') {
+                value = -static_cast<double>(d1);
+                return true;
+            }
+        }
+        return false;
+    }
+    if (text.size() == 5 && p[0] == '-' && p[2] == '.') {
+        const unsigned d1 = static_cast<unsigned char>(p[1]) - 48u, d3 = static_cast<unsigned char>(p[3]) - 48u,
+                       d4 = static_cast<unsigned char>(p[4]) - 48u;
+        if ((d1 <= 9) & (d3 <= 9) & (d4 <= 9)) {
+            value = -static_cast<double>(d1 * 100 + d3 * 10 + d4) / 100;
+            return true;
+        }
+    }
     const char* const end = p + text.size();
     const bool negative = p != end && *p == '-';
     p += negative ? 1 : 0;
