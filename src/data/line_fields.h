@@ -107,12 +107,19 @@ private:
     // and none lies between cur_ and the block.
     const char* nextComma()
     {
-        if (mask_ == 0) {
-            if (end_ - block_ <= Block)
-                return block_ = end_;
-            block_ += Block;
-            mask_ = commaMask(block_);
-        }
+        if (mask_ != 0) [[likely]]
+            return block_ + std::countr_zero(mask_);
+        return nextBlock();
+    }
+
+    // The comma when the block at block_ has none left: from the next block on. Kept out of line,
+    // so that the common path of each field stays small enough to be inlined at every field.
+    [[gnu::noinline]] const char* nextBlock()
+    {
+        if (end_ - block_ <= Block)
+            return block_ = end_;
+        block_ += Block;
+        mask_ = commaMask(block_);
         if (mask_ == 0) {
             // A long stretch without a comma, like the attendance.
             const void* comma = end_ - block_ > Block
