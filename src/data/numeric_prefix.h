@@ -17,48 +17,43 @@ inline constexpr double DecimalPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6
 inline bool PlainNumber(std::string_view text, double& value)
 {
     const char* p = text.data();
-    // The form the station writes its limits in, "012.50", taken whole.
-    if (text.size() == 6 && p[3] == '.') {
-        const unsigned d0 = static_cast<unsigned char>(p[0]) - 48u, d1 = static_cast<unsigned char>(p[1]) - 48u,
-                       d2 = static_cast<unsigned char>(p[2]) - 48u, d4 = static_cast<unsigned char>(p[4]) - 48u,
-                       d5 = static_cast<unsigned char>(p[5]) - 48u;
-        if ((d0 <= 9) & (d1 <= 9) & (d2 <= 9) & (d4 <= 9) & (d5 <= 9)) {
-            value = static_cast<double>(d0 * 10000 + d1 * 1000 + d2 * 100 + d4 * 10 + d5) / 100;
+    // A digit's value, or a large number for any other character.
+    const auto digit = [p](size_t i) { return static_cast<unsigned>(static_cast<unsigned char>(p[i])) - 48u; };
+    // The forms the station writes, taken whole: its limits "012.50" and "-1.00", its enables and
+    // countdowns "0", "-1" and "12". Anything else, or a near miss, is read digit by digit below.
+    switch (text.size()) {
+    case 1:
+        if (digit(0) <= 9) {
+            value = digit(0);
             return true;
         }
-    }
-    // The short forms of the other columns, "0", "-1", "12", and the limit "-1.00".
-    if (text.size() <= 2) {
-        if (text.empty())
-            return false;
-        const unsigned d0 = static_cast<unsigned char>(p[0]) - 48u;
-        if (text.size() == 1) {
-            if (d0 <= 9) {
-                value = d0;
-                return true;
-            }
-            return false;
-        }
-        const unsigned d1 = static_cast<unsigned char>(p[1]) - 48u;
-        if (d1 <= 9) {
-            if (d0 <= 9) {
-                value = d0 * 10 + d1;
-                return true;
-            }
-            if (p[0] == '-') {
-                value = -static_cast<double>(d1);
-                return true;
-            }
-        }
-        return false;
-    }
-    if (text.size() == 5 && p[0] == '-' && p[2] == '.') {
-        const unsigned d1 = static_cast<unsigned char>(p[1]) - 48u, d3 = static_cast<unsigned char>(p[3]) - 48u,
-                       d4 = static_cast<unsigned char>(p[4]) - 48u;
-        if ((d1 <= 9) & (d3 <= 9) & (d4 <= 9)) {
-            value = -static_cast<double>(d1 * 100 + d3 * 10 + d4) / 100;
+        break;
+    case 2:
+        if (digit(1) <= 9 && digit(0) <= 9) {
+            value = digit(0) * 10 + digit(1);
             return true;
         }
+        if (digit(1) <= 9 && p[0] == '-') {
+            value = -static_cast<double>(digit(1));
+            return true;
+        }
+        break;
+    case 5:
+        if (p[0] == '-' && p[2] == '.' && (digit(1) <= 9) & (digit(3) <= 9) & (digit(4) <= 9)) {
+            value = -static_cast<double>(digit(1) * 100 + digit(3) * 10 + digit(4)) / 100;
+            return true;
+        }
+        break;
+    case 6:
+        if (p[3] == '.' && (digit(0) <= 9) & (digit(1) <= 9) & (digit(2) <= 9) & (digit(4) <= 9) & (digit(5) <= 9)) {
+            value =
+                static_cast<double>(digit(0) * 10000 + digit(1) * 1000 + digit(2) * 100 + digit(4) * 10 + digit(5)) /
+                100;
+            return true;
+        }
+        break;
+    default:
+        break;
     }
     const char* const end = p + text.size();
     const bool negative = p != end && *p == '-';
@@ -67,9 +62,9 @@ inline bool PlainNumber(std::string_view text, double& value)
     const char* point = nullptr;
     std::uint64_t mantissa = 0;
     for (; p != end; ++p) {
-        const unsigned digit = static_cast<unsigned char>(*p) - static_cast<unsigned>('0');
-        if (digit <= 9)
-            mantissa = mantissa * 10 + digit;
+        const unsigned d = static_cast<unsigned char>(*p) - 48u;
+        if (d <= 9)
+            mantissa = mantissa * 10 + d;
         else if (*p == '.' && point == nullptr)
             point = p;
         else
