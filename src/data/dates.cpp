@@ -104,17 +104,8 @@ constexpr long long NoNumber = -(1LL << 20);
 
 long long wholeNumber(std::string_view text)
 {
-    // Plain digits, as nearly every date holds, need no detour through a decimal number.
-    if (text.size() <= 5) {
-        long long digits = 0;
-        size_t i = 0;
-        for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i)
-            digits = digits * 10 + (text[i] - '0');
-        if (i == text.size() && i > 0)
-            return digits <= 32767 ? digits : NoNumber;
-    }
-    const long long v = RoundHalfEven(NumericPrefix(text));
-    return v < -32768 || v > 32767 ? NoNumber : v;
+    const std::optional<int16> v = RoundToInt16(NumericPrefix(text));
+    return v ? *v : NoNumber;
 }
 
 // The date of month, day and year as read, with the sliding century.
@@ -166,7 +157,7 @@ bool readPaddedDate(std::string_view t, int presentYear, Date& date)
 {
     if (t.size() != 10 || t[2] != '/' || t[5] != '/')
         return false;
-    const auto digit = [&t](size_t i) { return static_cast<unsigned>(static_cast<unsigned char>(t[i])) - '0'; };
+    const auto digit = [&t](size_t i) { return DigitValue(t[i]); };
     const unsigned m1 = digit(0), m0 = digit(1), d1 = digit(3), d0 = digit(4);
     const unsigned y3 = digit(6), y2 = digit(7), y1 = digit(8), y0 = digit(9);
     // Each is below 10 when it was a digit; anything else wrapped around to a large number.

@@ -75,10 +75,10 @@ bool IniItemReader::readItem(int16& out)
     std::string item;
     if (!readItem(item))
         return false;
-    const long long v = RoundHalfEven(Val(item));
-    if (v < -32768 || v > 32767)
+    const std::optional<int16> v = RoundToInt16(Val(item));
+    if (!v)
         return false;
-    out = static_cast<int16>(v);
+    out = *v;
     return true;
 }
 

@@ -4,10 +4,10 @@
 #include "data/dates.h"
 #include "data/names_line.h"
 #include "data/number_text.h"
+#include "data/text_join.h"
 #include "station/err_msg_frm.h"
 #include "station/name_form.h"
 
-#include <cstring>
 #include <string_view>
 
 namespace zandolt {
@@ -107,14 +107,7 @@ void ReadNamesFile(App& app)
             return;
         }
         const size_t r = static_cast<size_t>(row);
-        // "Last, First", written straight into the name's own memory.
-        const std::string &last = app.LastName[r], &first = app.FirstName[r];
-        std::string& full = app.FullName[r];
-        full.resize(last.size() + 2 + first.size());
-        std::memcpy(full.data(), last.data(), last.size());
-        full[last.size()] = ',';
-        full[last.size() + 1] = ' ';
-        std::memcpy(full.data() + last.size() + 2, first.data(), first.size());
+        AssignJoined(app.FullName[r], app.LastName[r], ", ", app.FirstName[r]);
     }
     app.CurrentEmployee = static_cast<int16>(row);
     app.EmployeeCount = row + 1;

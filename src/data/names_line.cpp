@@ -22,20 +22,6 @@ Step after(const LineField& f)
     return f.last ? Step::Stored : Step::Next;
 }
 
-std::optional<int16> whole(double v)
-{
-    // Whole numbers, as the file holds them, need no rounding.
-    if (v >= -32768 && v <= 32767) {
-        const auto i = static_cast<int16>(v);
-        if (i == v)
-            return i;
-    }
-    const long long r = RoundHalfEven(v);
-    if (r < -32768 || r > 32767)
-        return std::nullopt;
-    return static_cast<int16>(r);
-}
-
 Step text(const LineField& f, std::string& column)
 {
     if (f.text.empty())
@@ -60,7 +46,7 @@ Step enable(const LineField& f, int16& column)
 {
     if (f.text.empty() || (f.last && !IsNumeric(std::string(f.text))))
         return Step::End;
-    const auto v = whole(NumericPrefix(f.text));
+    const auto v = RoundToInt16(NumericPrefix(f.text));
     if (!v)
         return Step::Fail;
     column = *v;
@@ -90,7 +76,7 @@ Step warning(const LineField& f, bool lineDone, int16& column)
 {
     if (f.last ? f.text.empty() : lineDone)
         return Step::End;
-    const auto v = whole(NumericPrefix(f.text));
+    const auto v = RoundToInt16(NumericPrefix(f.text));
     if (!v)
         return Step::Fail;
     column = *v;
@@ -156,7 +142,7 @@ void setDefaults(EmployeeTable& t, size_t r, int first, const NameLineContext& c
         t.FootEnable[r] = True;
         [[fallthrough]];
     case LeaveStatusCol:
-        t.LeaveStatus[r].assign(1, 'E'); // not = "E": GCC 12 warns falsely on that at -O3
+        t.LeaveStatus[r] = "E";
         [[fallthrough]];
     case LeaveStartCol:
         t.LeaveStart[r] = context.today;
@@ -165,7 +151,7 @@ void setDefaults(EmployeeTable& t, size_t r, int first, const NameLineContext& c
         t.LeaveStop[r] = context.today;
         [[fallthrough]];
     case CertTypeCol:
-        t.CertType[r].assign(1, '1');
+        t.CertType[r] = "1";
         [[fallthrough]];
     case CertExpiryCol:
         t.CertExpiry[r] = context.today;

@@ -2,6 +2,9 @@
 // the fixed forms of resistances.
 #pragma once
 
+#include "data/types.h"
+
+#include <optional>
 #include <string>
 
 namespace zandolt {
@@ -21,6 +24,20 @@ bool IsNumeric(const std::string& text);
 
 // Rounds half to even, as the whole-number conversions of the system did.
 long long RoundHalfEven(double value);
+// The same for a 16-bit whole number: nothing when the rounded value is outside 16 bits.
+inline std::optional<int16> RoundToInt16(double value)
+{
+    // Whole numbers, as the files nearly always hold them, need no rounding.
+    if (value >= -32768 && value <= 32767) {
+        const auto i = static_cast<int16>(value);
+        if (i == value)
+            return i;
+    }
+    const long long r = RoundHalfEven(value);
+    if (r < -32768 || r > 32767)
+        return std::nullopt;
+    return static_cast<int16>(r);
+}
 
 // A resistance with a whole part of at least two digits and two decimals ("01.50"); 0 gives "0.00"
 // and a negative value "-1.00". The whole part and the hundredths are rounded independently, so

@@ -21,7 +21,7 @@ double NumericPrefixOfAnyText(std::string_view text)
     int digits = 0;
     bool point = false;
     for (; p < end; ++p) {
-        if (static_cast<unsigned char>(*p - '0') <= 9)
+        if (DigitValue(*p) <= 9)
             ++digits;
         else if (*p == '.' && !point)
             point = true;

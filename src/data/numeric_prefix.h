@@ -8,6 +8,12 @@
 
 namespace zandolt {
 
+// A digit's value, or a number above 9 for any other character.
+constexpr unsigned DigitValue(char c)
+{
+    return static_cast<unsigned>(static_cast<unsigned char>(c)) - 48u;
+}
+
 inline constexpr double DecimalPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                            1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
@@ -17,8 +23,7 @@ inline constexpr double DecimalPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6
 inline bool PlainNumber(std::string_view text, double& value)
 {
     const char* p = text.data();
-    // A digit's value, or a large number for any other character.
-    const auto digit = [p](size_t i) { return static_cast<unsigned>(static_cast<unsigned char>(p[i])) - 48u; };
+    const auto digit = [p](size_t i) { return DigitValue(p[i]); };
     // The forms the station writes, taken whole: its limits "012.50" and "-1.00", its enables and
     // countdowns "0", "-1" and "12". Anything else, or a near miss, is read digit by digit below.
     switch (text.size()) {
@@ -62,7 +67,7 @@ inline bool PlainNumber(std::string_view text, double& value)
     const char* point = nullptr;
     std::uint64_t mantissa = 0;
     for (; p != end; ++p) {
-        const unsigned d = static_cast<unsigned char>(*p) - 48u;
+        const unsigned d = DigitValue(*p);
         if (d <= 9)
             mantissa = mantissa * 10 + d;
         else if (*p == '.' && point == nullptr)

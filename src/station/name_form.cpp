@@ -7,6 +7,7 @@
 #include "data/number_text.h"
 #include "data/settings_file.h"
 #include "data/strings.h"
+#include "data/text_join.h"
 #include "station/card_readers.h"
 #include "station/err_msg_frm.h"
 #include "station/identification.h"
@@ -14,7 +15,6 @@
 #include "station/tester_link.h"
 
 #include <charconv>
-#include <cstring>
 
 namespace zandolt {
 
@@ -340,20 +340,12 @@ void FillNameList(App& app)
     std::vector<std::string> items = f.List1.takeItems();
     items.resize(static_cast<size_t>(app.EmployeeCount));
     for (int row = 0; row < app.EmployeeCount; ++row) {
-        // " %3d. " and the name, written by hand into the item's own memory: the list is rebuilt
-        // on every read of the file.
+        // " %3d. " and the name.
         char number[12];
         const size_t digits = static_cast<size_t>(std::to_chars(number, number + sizeof number, row + 1).ptr - number);
-        const size_t blanks = digits < 3 ? 4 - digits : 1;
-        const std::string& name = app.FullName[static_cast<size_t>(row)];
-        std::string& item = items[static_cast<size_t>(row)];
-        item.resize(blanks + digits + 2 + name.size());
-        char* out = item.data();
-        std::memset(out, ' ', blanks);
-        std::memcpy(out + blanks, number, digits);
-        out[blanks + digits] = '.';
-        out[blanks + digits + 1] = ' ';
-        std::memcpy(out + blanks + digits + 2, name.data(), name.size());
+        const std::string_view blanks("   ", digits < 3 ? 4 - digits : 1);
+        AssignJoined(items[static_cast<size_t>(row)], blanks, std::string_view(number, digits), ". ",
+                     app.FullName[static_cast<size_t>(row)]);
     }
     f.List1.setItems(std::move(items));
     app.CurrentEmployee = 0;

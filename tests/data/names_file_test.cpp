@@ -196,6 +196,21 @@ TEST_F(NamesFile, FiveThousandEmployeesFitAndOneMoreDoesNot)
     EXPECT_EQ(app_->nameForm().List1.listCount(), 5000);
 }
 
+TEST_F(NamesFile, TheNameListNumbersEachNameInAColumnOfThree)
+{
+    // " %3d. ": numbers of one to three digits right-aligned in three places after a blank, a
+    // fourth digit pushing the name one place on.
+    writeNames(manyRows(1000));
+    ReadNamesFile(*app_);
+    const std::vector<std::string>& items = app_->nameForm().List1.items();
+    ASSERT_EQ(items.size(), 1000u);
+    EXPECT_EQ(items[0], "   1. N0, F");
+    EXPECT_EQ(items[9], "  10. N9, F");
+    EXPECT_EQ(items[99], " 100. N99, F");
+    EXPECT_EQ(items[999], " 1000. N999, F");
+    EXPECT_EQ(app_->FullName[999], "N999, F");
+}
+
 TEST_F(NamesFile, AFileOf5001LinesFillsEveryRowAndFailsInTheIdSplit)
 {
     // The table is full and counted, but the list and the file date are not renewed.
