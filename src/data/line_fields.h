@@ -38,28 +38,14 @@ public:
 
     LineField next()
     {
+        // Nearly every field ends at the next comma of the block in hand, and has one behind it.
         const char* b = cur_;
-        const char* e = end_;
-        const char* c = nextComma();
-        const bool last = c == end_ || c == b;
-        if (!last) {
-            e = c;
-            cur_ = c + 1;
-            mask_ &= mask_ - 1; // that comma is used
-            // The comma at e is no blank, so the search for the first character needs no bound.
-            while (*b == ' ')
-                ++b;
-        } else {
-            cur_ = end_;
-            while (b < e && *b == ' ')
-                ++b;
+        if (mask_ != 0) [[likely]] {
+            const char* e = block_ + std::countr_zero(mask_);
+            if (e != b) [[likely]]
+                return takeUpTo(e);
         }
-        // Once b stands on a character that is no blank, the search back from e stops there.
-        if (b < e) {
-            while (e[-1] == ' ')
-                --e;
-        }
-        return {std::string_view(b, static_cast<size_t>(e - b)), last};
+        return nextAfterBlock();
     }
 
     // Nothing at all is left of the line.
@@ -103,18 +89,46 @@ private:
 #endif
     }
 
-    // The first comma from cur_ on, or end_. mask_ holds the unused commas of the block at block_,
-    // and none lies between cur_ and the block.
-    const char* nextComma()
+    // The field from cur_ up to the comma at e, which is not the first character.
+    LineField takeUpTo(const char* e)
     {
-        if (mask_ != 0) [[likely]]
-            return block_ + std::countr_zero(mask_);
-        return nextBlock();
+        const char* b = cur_;
+        cur_ = e + 1;
+        mask_ &= mask_ - 1; // that comma is used
+        // The comma at e is no blank, so the search for the first character needs no bound; once
+        // b stands on a character that is no blank, the search back from e stops there.
+        while (*b == ' ')
+            ++b;
+        if (b < e) {
+            while (e[-1] == ' ')
+                --e;
+        }
+        return {std::string_view(b, static_cast<size_t>(e - b)), false};
     }
 
-    // The comma when the block at block_ has none left: from the next block on. Kept out of line,
-    // so that the common path of each field stays small enough to be inlined at every field.
-    [[gnu::noinline]] const char* nextBlock()
+    // The field when the block in hand has no comma left or one in front: the comma from the next
+    // blocks on, or the rest of the line as its last field. Kept out of line, so that the common
+    // path of each field stays small enough to be inlined at every field.
+    [[gnu::noinline]] LineField nextAfterBlock()
+    {
+        const char* const b = cur_;
+        const char* const c = mask_ != 0 ? block_ + std::countr_zero(mask_) : nextComma();
+        if (c != end_ && c != b)
+            return takeUpTo(c);
+        // The last field; the fields after it are empty and last too.
+        cur_ = block_ = end_;
+        mask_ = 0;
+        const char* first = b;
+        const char* e = end_;
+        while (first < e && *first == ' ')
+            ++first;
+        while (first < e && e[-1] == ' ')
+            --e;
+        return {std::string_view(first, static_cast<size_t>(e - first)), true};
+    }
+
+    // The first comma from the block after the one at block_ on, or end_; mask_ holds its commas.
+    const char* nextComma()
     {
         if (end_ - block_ <= Block)
             return block_ = end_;

@@ -92,6 +92,24 @@ TEST(LineFields, DoneWhenNothingIsLeft)
     EXPECT_EQ(b.text, "b");
     EXPECT_FALSE(b.last);
     EXPECT_TRUE(fields.done());
+    // The empty field after the trailing comma ends the line, and so does anything asked after.
+    for (int i = 0; i < 2; ++i) {
+        const LineField after = fields.next();
+        EXPECT_EQ(after.text, "");
+        EXPECT_TRUE(after.last);
+    }
+}
+
+TEST(LineFields, NothingFollowsTheLastField)
+{
+    // A comma in front makes the rest the last field, though the block still holds that comma.
+    LineFields fields(",a, b");
+    const LineField rest = fields.next();
+    EXPECT_EQ(rest.text, ",a, b");
+    EXPECT_TRUE(rest.last);
+    const LineField after = fields.next();
+    EXPECT_EQ(after.text, "");
+    EXPECT_TRUE(after.last);
 }
 
 } // namespace
