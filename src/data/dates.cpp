@@ -5,7 +5,10 @@
 #include "data/numeric_prefix.h"
 
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 
 namespace zandolt {
 
@@ -157,13 +160,25 @@ bool readPaddedDate(std::string_view t, int presentYear, Date& date)
 {
     if (t.size() != 10 || t[2] != '/' || t[5] != '/')
         return false;
-    const auto digit = [&t](size_t i) { return DigitValue(t[i]); };
-    const unsigned m1 = digit(0), m0 = digit(1), d1 = digit(3), d0 = digit(4);
-    const unsigned y3 = digit(6), y2 = digit(7), y1 = digit(8), y0 = digit(9);
-    // Each is below 10 when it was a digit; anything else wrapped around to a large number.
-    if ((m1 > 9) | (m0 > 9) | (d1 > 9) | (d0 > 9) | (y3 > 9) | (y2 > 9) | (y1 > 9) | (y0 > 9))
+    // The characters eight and two at a time, the bits of '0' cleared out of each (those of '/'
+    // out of the slashes, which become zero), so that a digit becomes its value. A byte held a
+    // digit when nothing stands in its high half, even after adding six.
+    std::uint64_t front;
+    std::uint16_t back;
+    std::memcpy(&front, t.data(), sizeof front);
+    std::memcpy(&back, t.data() + 8, sizeof back);
+    if constexpr (std::endian::native == std::endian::big) {
+        front = __builtin_bswap64(front);
+        back = __builtin_bswap16(back);
+    }
+    front ^= 0x3030'2F30'302F'3030u;
+    back ^= 0x3030u;
+    if (((front | (front + 0x0606'0606'0606'0606u)) & 0xF0F0'F0F0'F0F0'F0F0u) != 0 ||
+        ((back | (back + 0x0606u)) & 0xF0F0u) != 0)
         return false;
-    date = centuryDate(y3 * 1000 + y2 * 100 + y1 * 10 + y0, m1 * 10 + m0, d1 * 10 + d0, presentYear);
+    const auto digit = [front](int i) { return static_cast<unsigned>(front >> (8 * i)) & 0xFFu; };
+    const unsigned year = digit(6) * 1000 + digit(7) * 100 + (back & 0xFFu) * 10 + (back >> 8);
+    date = centuryDate(year, digit(0) * 10 + digit(1), digit(3) * 10 + digit(4), presentYear);
     return true;
 }
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <string>
+
 namespace zandolt {
 namespace {
 
@@ -75,6 +78,42 @@ TEST(Dates, AllFourSeparatorsReadTheSameDate)
     EXPECT_EQ(StringToDate(" 03 / 04 / 1999 ", 2026), expected);
     // The day is rounded.
     EXPECT_EQ(StringToDate("3/4.6/99", 2026), DateSerial(1999, 3, 5));
+}
+
+// The form the station writes, mm/dd/yyyy, is read by a shortcut; with dots for the slashes the
+// same text takes the general reading, and both must give the same date.
+Date throughTheGeneralReading(std::string text)
+{
+    text[2] = text[5] = '.';
+    return StringToDate(text, 2026);
+}
+
+TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
+{
+    // Every month and day from 00 to 99, so that both run over alike, in years around the ends
+    // of the calendar and of the sliding century.
+    int wrong = 0;
+    char text[11];
+    for (int year : {0, 99, 1899, 1900, 1995, 1996, 2155, 2156, 9999})
+        for (int month = 0; month <= 99; ++month)
+            for (int day = 0; day <= 99; ++day) {
+                std::snprintf(text, sizeof text, "%02d/%02d/%04d", month, day, year);
+                if (StringToDate(text, 2026) != throughTheGeneralReading(text))
+                    ++wrong;
+            }
+    EXPECT_EQ(wrong, 0);
+
+    // Any character that is no digit, in any digit's place, leaves the text to the general
+    // reading: those just beside the digits, a blank, a letter, and bytes above 127.
+    for (size_t place : {0, 1, 3, 4, 6, 7, 8, 9})
+        for (char c : {'0', '9', ':', '?', '*', ' ', 'a', '+', '\x80', '\xb0', '\xb9', '\xff'}) {
+            std::string t = "12/31/1999";
+            t[place] = c;
+            EXPECT_EQ(StringToDate(t, 2026), throughTheGeneralReading(t)) << '"' << t << '"';
+        }
+    EXPECT_EQ(StringToDate("12/31/1999", 2026), DateSerial(1999, 12, 31));
+    // The year's numeric prefix is 1: 1901 by the century rule, and a hundred on by the slide.
+    EXPECT_EQ(StringToDate("12/31/1:99", 2026), DateSerial(2001, 12, 31));
 }
 
 TEST(Dates, TextsThatAreNoDateGiveZero)
