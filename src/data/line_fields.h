@@ -3,9 +3,13 @@
 // without its surrounding blanks. Without such a comma, or with a comma in front, the field is
 // the whole remainder and the last of the line.
 //
+// The line is the text up to its first line feed, without it and without a carriage return
+// right in front of it; the text may go on with further lines, and where the line ended is
+// known once it has been read, so that a reader of a whole file never searches a line twice.
+//
 // A station reads thousands of these lines at every change of the employee file, so the commas
-// are found 64 bytes at a time, a line's fields before the attendance in two or three steps, and
-// a long stretch without one, like the attendance, is left to the library's search.
+// and the line feed are found 64 bytes at a time, a line's fields before the attendance in two
+// or three steps.
 #pragma once
 
 #include <bit>
@@ -30,61 +34,80 @@ struct LineField
 class LineFields
 {
 public:
-    explicit LineFields(std::string_view line)
-        : begin_(line.data()), cur_(line.data()), end_(line.data() + line.size()), block_(line.data()),
-          mask_(line.empty() ? 0 : commaMask(block_))
+    // The fields of the first line of `text`.
+    explicit LineFields(std::string_view text)
+        : begin_(text.data()), cur_(text.data()), end_(text.data() + text.size()), block_(text.data()),
+          mask_(text.empty() ? 0 : markMask(block_))
     {
     }
 
     LineField next()
     {
         // Nearly every field ends at the next comma of the block in hand, and has one behind it.
-        const char* b = cur_;
         if (mask_ != 0) [[likely]] {
             const char* e = block_ + std::countr_zero(mask_);
-            if (e != b) [[likely]]
+            if (*e == ',' && e != cur_) [[likely]]
                 return takeUpTo(e);
         }
         return nextAfterBlock();
     }
 
     // Nothing at all is left of the line.
-    bool done() const { return cur_ == end_; }
+    bool done() const { return cur_ == lineEnd_ || (lineEnd_ == nullptr && atLineEnd(cur_)); }
+
+    // Where the line ends: at its line feed, or at the end of the text.
+    const char* lineEnd()
+    {
+        if (lineEnd_ == nullptr) {
+            const void* feed = std::memchr(cur_, '\n', static_cast<size_t>(end_ - cur_));
+            lineEnd_ = feed != nullptr ? static_cast<const char*>(feed) : end_;
+        }
+        return lineEnd_;
+    }
 
 private:
     static constexpr std::ptrdiff_t Block = 64;
 
-    // One bit for each comma among the 64 bytes from p on, none beyond the line's end.
-    std::uint64_t commaMask(const char* p) const
+    // True when the line ends at p: a line feed, the end of the text, or a carriage return that
+    // stands in front of either.
+    bool atLineEnd(const char* p) const
+    {
+        if (p == end_ || *p == '\n')
+            return true;
+        return *p == '\r' && (p + 1 == end_ || p[1] == '\n');
+    }
+
+    // One bit for each comma and line feed among the 64 bytes from p on, none beyond the text.
+    std::uint64_t markMask(const char* p) const
     {
         const auto left = end_ - p;
         if (left >= Block)
-            return commaMask64(p);
-        // The last bytes of the line: the 64 that end with it, when the line is that long,
+            return markMask64(p);
+        // The last bytes of the text: the 64 that end with it, when the text is that long,
         // rather than a copy, which would stall the loads that follow it.
         if (end_ - begin_ >= Block)
-            return commaMask64(end_ - Block) >> (Block - left);
+            return markMask64(end_ - Block) >> (Block - left);
         char tail[Block] = {};
         std::memcpy(tail, p, static_cast<size_t>(left));
-        return commaMask64(tail);
+        return markMask64(tail);
     }
 
-    static std::uint64_t commaMask64(const char* p)
+    static std::uint64_t markMask64(const char* p)
     {
 #if defined(__SSE2__)
         const __m128i comma = _mm_set1_epi8(',');
+        const __m128i feed = _mm_set1_epi8('\n');
         std::uint64_t mask = 0;
         for (int i = 0; i < 4; ++i) {
             const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 16 * i));
-            mask |=
-                static_cast<std::uint64_t>(static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, comma))))
-                << (16 * i);
+            const __m128i marks = _mm_or_si128(_mm_cmpeq_epi8(bytes, comma), _mm_cmpeq_epi8(bytes, feed));
+            mask |= static_cast<std::uint64_t>(static_cast<std::uint32_t>(_mm_movemask_epi8(marks))) << (16 * i);
         }
         return mask;
 #else
         std::uint64_t mask = 0;
         for (int i = 0; i < Block; ++i)
-            mask |= static_cast<std::uint64_t>(p[i] == ',') << i;
+            mask |= static_cast<std::uint64_t>(p[i] == ',' || p[i] == '\n') << i;
         return mask;
 #endif
     }
@@ -106,20 +129,26 @@ private:
         return {std::string_view(b, static_cast<size_t>(e - b)), false};
     }
 
-    // The field when the block in hand has no comma left or one in front: the comma from the next
-    // blocks on, or the rest of the line as its last field. Kept out of line, so that the common
-    // path of each field stays small enough to be inlined at every field.
+    // The field when the block in hand has no mark left, or its next mark is a line feed or a
+    // comma in front: the comma from the next blocks on, or the rest of the line as its last
+    // field. Kept out of line, so that the common path of each field stays small enough to be
+    // inlined at every field.
     [[gnu::noinline]] LineField nextAfterBlock()
     {
+        if (lineEnd_ != nullptr) // the line has been read to its end
+            return {std::string_view(lineEnd_, 0), true};
         const char* const b = cur_;
-        const char* const c = mask_ != 0 ? block_ + std::countr_zero(mask_) : nextComma();
-        if (c != end_ && c != b)
+        const char* const c = mask_ != 0 ? block_ + std::countr_zero(mask_) : nextMark();
+        if (c != end_ && *c == ',' && c != b)
             return takeUpTo(c);
-        // The last field; the fields after it are empty and last too.
-        cur_ = block_ = end_;
+        // The last field: all up to the line's end.
+        lineEnd_ = c != end_ && *c == ',' ? lineEnd() : c;
+        cur_ = lineEnd_;
         mask_ = 0;
         const char* first = b;
-        const char* e = end_;
+        const char* e = lineEnd_;
+        if (first < e && e[-1] == '\r')
+            --e;
         while (first < e && *first == ' ')
             ++first;
         while (first < e && e[-1] == ' ')
@@ -127,23 +156,16 @@ private:
         return {std::string_view(first, static_cast<size_t>(e - first)), true};
     }
 
-    // The first comma from the block after the one at block_ on, or end_; mask_ holds its commas.
-    const char* nextComma()
+    // The first comma or line feed from the block after the one at block_ on, or end_; mask_
+    // holds the marks of its block.
+    const char* nextMark()
     {
-        if (end_ - block_ <= Block)
-            return block_ = end_;
-        block_ += Block;
-        mask_ = commaMask(block_);
-        if (mask_ == 0) {
-            // A long stretch without a comma, like the attendance.
-            const void* comma = end_ - block_ > Block
-                                    ? std::memchr(block_ + Block, ',', static_cast<size_t>(end_ - block_ - Block))
-                                    : nullptr;
-            if (comma == nullptr)
+        do {
+            if (end_ - block_ <= Block)
                 return block_ = end_;
-            block_ = static_cast<const char*>(comma);
-            mask_ = commaMask(block_);
-        }
+            block_ += Block;
+            mask_ = markMask(block_);
+        } while (mask_ == 0);
         return block_ + std::countr_zero(mask_);
     }
 
@@ -152,6 +174,7 @@ private:
     const char* end_;
     const char* block_;
     std::uint64_t mask_;
+    const char* lineEnd_ = nullptr;
 };
 
 } // namespace zandolt

@@ -99,8 +99,13 @@ void ReadNamesFile(App& app)
     const DateTime now = app.clock.now();
     const NameLineContext context{TodayDate(now), now.year};
     int row = -1;
-    while (nextLine(text, pos, line)) {
-        if (ReadNameLine(line, app, row, context) == NameLineResult::Failed || row < 0) {
+    const char* const textEnd = text.data() + text.size();
+    for (const char* at = text.data() + pos; at < textEnd;) {
+        // Each line is searched once: its fields tell where it ended.
+        LineFields fields(std::string_view(at, static_cast<size_t>(textEnd - at)));
+        const NameLineResult result = ReadNameLine(fields, app, row, context);
+        at = fields.lineEnd() + 1;
+        if (result == NameLineResult::Failed || row < 0) {
             // A blank or comma-less line in front of the first employee has no row to belong to.
             app.CurrentEmployee = static_cast<int16>(row);
             readingFailed(app);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "data/employee_table.h"
+#include "data/line_fields.h"
 
 #include <string>
 #include <string_view>
@@ -25,6 +26,9 @@ enum class NameLineResult {
 // Reads `line` (without its line end) into the row after `row`, which it then advances. A line
 // ends at its first field that is empty or does not fit; the columns after it keep the defaults.
 NameLineResult ReadNameLine(std::string_view line, EmployeeTable& table, int& row, const NameLineContext& context);
+// The same for the line that `fields` stands at the start of, which afterwards knows where the
+// line ended.
+NameLineResult ReadNameLine(LineFields& fields, EmployeeTable& table, int& row, const NameLineContext& context);
 
 // The ID field as the file holds it, split in place: "12:34" gives ID 12 and badge 34, "12-34"
 // gives ID 12-34 and badge 34, and an ID with neither is its own badge.

@@ -15,6 +15,7 @@ struct Field
 {
     std::string text;
     bool last;
+    bool done; // nothing is left of the line behind the field
     bool operator==(const Field&) const = default;
 };
 
@@ -36,11 +37,11 @@ std::vector<Field> plainFields(const std::string& line)
         const std::string rest = line.substr(pos);
         const size_t comma = rest.find(',');
         if (comma == std::string::npos || comma == 0) {
-            fields.push_back({trimmed(rest), true});
+            fields.push_back({trimmed(rest), true, true});
             return fields;
         }
-        fields.push_back({trimmed(rest.substr(0, comma)), false});
         pos += comma + 1;
+        fields.push_back({trimmed(rest.substr(0, comma)), false, pos == line.size()});
     }
 }
 
@@ -54,7 +55,7 @@ std::vector<Field> fieldsOf(const std::string& line)
     std::vector<Field> out;
     for (;;) {
         const LineField f = fields.next();
-        out.push_back({std::string(f.text), f.last});
+        out.push_back({std::string(f.text), f.last, fields.done()});
         if (f.last)
             return out;
         if (out.size() > line.size() + 1) {
@@ -78,6 +79,55 @@ TEST(LineFields, AnyLineSplitsAsTheRuleSays)
             for (char& c : line)
                 c = sparse ? (random() % 50 == 0 ? ',' : 'A') : alphabet[random() % sizeof alphabet];
             ASSERT_EQ(fieldsOf(line), plainFields(line)) << '"' << line << '"';
+        }
+    }
+}
+
+TEST(LineFields, EachLineOfAWholeTextSplitsAsThatLineAlone)
+{
+    // Texts of several lines, ended by LF or CR LF or not at all, with carriage returns inside
+    // lines too. Each line's fields are read from the running text, some to the line's end and
+    // some only in part, and the line must end where the plain search for its line feed says.
+    std::mt19937 random(20261124);
+    const char alphabet[] = {',', ' ', 'a', ' ', ',', '\r'};
+    for (int sample = 0; sample < 600; ++sample) {
+        std::string text;
+        const int lines = 1 + static_cast<int>(random() % 6);
+        for (int l = 0; l < lines; ++l) {
+            const size_t length = random() % 150;
+            const bool sparse = random() % 3 == 0; // long stretches without a comma
+            for (size_t i = 0; i < length; ++i)
+                text.push_back(sparse ? (random() % 60 == 0 ? ',' : 'A') : alphabet[random() % sizeof alphabet]);
+            const int ending = static_cast<int>(random() % 4);
+            if (l + 1 < lines || ending < 3)
+                text += ending % 2 == 0 ? "\n" : "\r\n";
+        }
+        const auto memory = std::make_unique<char[]>(text.size());
+        std::memcpy(memory.get(), text.data(), text.size());
+        const char* const begin = memory.get();
+        const char* const end = begin + text.size();
+
+        for (const char* at = begin; at < end;) {
+            size_t feed = text.find('\n', static_cast<size_t>(at - begin));
+            if (feed == std::string::npos)
+                feed = text.size();
+            std::string line(at, begin + feed);
+            if (!line.empty() && line.back() == '\r')
+                line.pop_back();
+            const std::vector<Field> expected = plainFields(line);
+            // Up to all of the line's fields; none at all leaves the whole search to lineEnd().
+            const size_t wanted = random() % (expected.size() + 1);
+
+            LineFields fields(std::string_view(at, static_cast<size_t>(end - at)));
+            std::vector<Field> got;
+            while (got.size() < wanted) {
+                const LineField f = fields.next();
+                got.push_back({std::string(f.text), f.last, fields.done()});
+            }
+            ASSERT_EQ(got, std::vector<Field>(expected.begin(), expected.begin() + static_cast<long>(wanted)))
+                << '"' << line << '"';
+            ASSERT_EQ(fields.lineEnd() - begin, static_cast<long>(feed)) << '"' << line << '"';
+            at = fields.lineEnd() + 1;
         }
     }
 }
