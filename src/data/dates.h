@@ -2,6 +2,7 @@
 // forms. Dates in text are month, day, year whatever the locale, with a sliding century.
 #pragma once
 
+#include "data/calendar.h"
 #include "data/types.h"
 #include "platform/clock.h"
 
@@ -34,8 +35,15 @@ int DayOfYear(const DateTime& now);
 
 // A text of month, day and year ("3/4/99", "03-04-1999", "3.4.99", "3\4\99") as a date; 0 when it
 // can't be read. A year below 1900 gets 1900 added; a year then more than 30 years before the
-// present year is taken as 100 years later, four-digit years included.
-Date StringToDate(std::string_view text, int presentYear);
+// present year is taken as 100 years later, four-digit years included. The form the system
+// writes, mm/dd/yyyy, is read in line; any other goes to StringToDateOfAnyForm.
+Date StringToDateOfAnyForm(std::string_view text, int presentYear);
+inline Date StringToDate(std::string_view text, int presentYear)
+{
+    Date date;
+    return calendar::readWrittenDate(text, presentYear, date) ? date : StringToDateOfAnyForm(text, presentYear);
+}
+
 // True when StringToDate gives a date.
 bool IsDateText(std::string_view text, int presentYear);
 // A date more than 30 years before the present year, 100 years later; any other unchanged.
