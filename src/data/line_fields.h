@@ -53,7 +53,7 @@ public:
     }
 
     // Nothing at all is left of the line.
-    bool done() const { return cur_ == lineEnd_ || (lineEnd_ == nullptr && atLineEnd(cur_)); }
+    bool done() const { return atLineEnd(cur_); }
 
     // Where the line ends: at its line feed, or at the end of the text.
     const char* lineEnd()
@@ -135,18 +135,20 @@ private:
     // inlined at every field.
     [[gnu::noinline]] LineField nextAfterBlock()
     {
-        if (lineEnd_ != nullptr) // the line has been read to its end
-            return {std::string_view(lineEnd_, 0), true};
+        if (cur_ == lineEnd_) // the line has been read to its end
+            return {std::string_view(cur_, 0), true};
         const char* const b = cur_;
         const char* const c = mask_ != 0 ? block_ + std::countr_zero(mask_) : nextMark();
-        if (c != end_ && *c == ',' && c != b)
+        const bool comma = c != end_ && *c == ',';
+        if (comma && c != b)
             return takeUpTo(c);
-        // The last field: all up to the line's end.
-        lineEnd_ = c != end_ && *c == ',' ? lineEnd() : c;
-        cur_ = lineEnd_;
-        mask_ = 0;
+        // The last field: all up to the line's end, which is c unless a comma stands in front.
+        if (!comma)
+            lineEnd_ = c;
         const char* first = b;
-        const char* e = lineEnd_;
+        const char* e = lineEnd();
+        cur_ = e;
+        mask_ = 0;
         if (first < e && e[-1] == '\r')
             --e;
         while (first < e && *first == ' ')

@@ -41,18 +41,13 @@ void readingFailed(App& app)
                    4);
 }
 
-// The next line of the text from pos on, without its line end (CR LF or LF alone); false at the end.
-bool nextLine(std::string_view text, size_t& pos, std::string_view& line)
+// Moves pos past the line that starts there; false when no line starts there.
+bool skipLine(std::string_view text, size_t& pos)
 {
     if (pos >= text.size())
         return false;
-    size_t end = text.find('\n', pos);
-    if (end == std::string_view::npos)
-        end = text.size();
-    line = text.substr(pos, end - pos);
-    if (!line.empty() && line.back() == '\r')
-        line.remove_suffix(1);
-    pos = end + 1;
+    const size_t end = text.find('\n', pos);
+    pos = end == std::string_view::npos ? text.size() : end + 1;
     return true;
 }
 
@@ -67,10 +62,6 @@ void appendPadded(std::string& line, size_t width)
 void ReadNamesFile(App& app)
 {
     std::string text;
-    // Room for the whole file at once, rather than growing it piece by piece.
-    const std::int64_t size = app.files.size(app.NamesPathFull);
-    if (size > 0)
-        text.reserve(static_cast<size_t>(size) + 1);
     for (int tries = 1;; ++tries) {
         if (app.files.readAll(app.NamesPathFull, text) == FileResult::Ok)
             break;
@@ -90,8 +81,7 @@ void ReadNamesFile(App& app)
     }
 
     size_t pos = 0;
-    std::string_view line;
-    if (!nextLine(text, pos, line) || !nextLine(text, pos, line)) {
+    if (!skipLine(text, pos) || !skipLine(text, pos)) {
         ShowTimedError(app, "Error reading 1 Names.txt", 4);
         return;
     }

@@ -240,12 +240,6 @@ int readFields(LineFields& fields, EmployeeTable& t, size_t r, int presentYear)
 
 } // namespace
 
-NameLineResult ReadNameLine(std::string_view line, EmployeeTable& table, int& row, const NameLineContext& context)
-{
-    LineFields fields(line);
-    return ReadNameLine(fields, table, row, context);
-}
-
 NameLineResult ReadNameLine(LineFields& fields, EmployeeTable& table, int& row, const NameLineContext& context)
 {
     const LineField last = fields.next();

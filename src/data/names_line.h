@@ -23,11 +23,9 @@ enum class NameLineResult {
     Failed // the row would lie beyond the table, or a number does not fit its column
 };
 
-// Reads `line` (without its line end) into the row after `row`, which it then advances. A line
-// ends at its first field that is empty or does not fit; the columns after it keep the defaults.
-NameLineResult ReadNameLine(std::string_view line, EmployeeTable& table, int& row, const NameLineContext& context);
-// The same for the line that `fields` stands at the start of, which afterwards knows where the
-// line ended.
+// Reads the line that `fields` stands at the start of into the row after `row`, which it then
+// advances; `fields` afterwards knows where the line ended. A line ends at its first field that
+// is empty or does not fit; the columns after it keep the defaults.
 NameLineResult ReadNameLine(LineFields& fields, EmployeeTable& table, int& row, const NameLineContext& context);
 
 // The ID field as the file holds it, split in place: "12:34" gives ID 12 and badge 34, "12-34"

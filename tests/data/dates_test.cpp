@@ -80,15 +80,10 @@ TEST(Dates, AllFourSeparatorsReadTheSameDate)
     EXPECT_EQ(StringToDate("3/4.6/99", 2026), DateSerial(1999, 3, 5));
 }
 
-// The form the station writes, mm/dd/yyyy, is read by a shortcut, and must give what the reading
-// of any form gives for the same text.
-Date throughTheGeneralReading(const std::string& text)
-{
-    return StringToDateOfAnyForm(text, 2026);
-}
-
 TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
 {
+    // The form the station writes, mm/dd/yyyy, is read by a shortcut, and must give what the
+    // reading of any form gives for the same text.
     // Every month and day from 00 to 99, so that both run over alike, in years around the ends
     // of the calendar and of the sliding century.
     int wrong = 0;
@@ -97,7 +92,7 @@ TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
         for (int month = 0; month <= 99; ++month)
             for (int day = 0; day <= 99; ++day) {
                 std::snprintf(text, sizeof text, "%02d/%02d/%04d", month, day, year);
-                if (StringToDate(text, 2026) != throughTheGeneralReading(text))
+                if (StringToDate(text, 2026) != StringToDateOfAnyForm(text, 2026))
                     ++wrong;
             }
     EXPECT_EQ(wrong, 0);
@@ -108,7 +103,7 @@ TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
         for (char c : {'0', '9', ':', '?', '*', ' ', 'a', '+', '\x80', '\xb0', '\xb9', '\xff'}) {
             std::string t = "12/31/1999";
             t[place] = c;
-            EXPECT_EQ(StringToDate(t, 2026), throughTheGeneralReading(t)) << '"' << t << '"';
+            EXPECT_EQ(StringToDate(t, 2026), StringToDateOfAnyForm(t, 2026)) << '"' << t << '"';
         }
     EXPECT_EQ(StringToDate("12/31/1999", 2026), DateSerial(1999, 12, 31));
     // The year's numeric prefix is 1: 1901 by the century rule, and a hundred on by the slide.

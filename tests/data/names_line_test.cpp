@@ -19,7 +19,11 @@ protected:
     int row = -1;
     EmployeeTable& t = *table;
 
-    NameLineResult readLine(const std::string& line) { return ReadNameLine(line, t, row, context); }
+    NameLineResult readLine(const std::string& line)
+    {
+        LineFields fields(line);
+        return ReadNameLine(fields, t, row, context);
+    }
     // The fields of a full line up to the attendance, as a station writes them.
     static std::string upToAttendance()
     {

@@ -44,6 +44,10 @@ bool writeAll(int fd, const std::string& data)
 bool readFd(int fd, std::string& out)
 {
     out.clear();
+    // Room for the whole file at once, rather than growing it piece by piece.
+    struct stat st;
+    if (::fstat(fd, &st) == 0 && st.st_size > 0)
+        out.reserve(static_cast<size_t>(st.st_size) + 1);
     char buf[65536];
     for (;;) {
         ssize_t n = ::read(fd, buf, sizeof buf);
