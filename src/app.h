@@ -6,6 +6,7 @@
 #include "data/employee_table.h"
 #include "data/settings.h"
 #include "platform/services.h"
+#include "reports/report_parameters.h"
 #include "station/test_record.h"
 
 #include <memory>
@@ -23,7 +24,7 @@ class PassForm;
 class TitleForm;
 class PrinterCheckForm;
 
-class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState
+class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
 public:
     explicit App(Services services);
@@ -54,7 +55,6 @@ public:
     int16 ErrorBeepFlag = True;
     // What was typed last into the password window; equal to AdminPassword while the gate is open.
     std::string EnteredPassword;
-    std::string ReportMacroName;
 
     // The windows. Each exists once; the first call creates it, unloaded. Each accessor is defined
     // beside its window.
