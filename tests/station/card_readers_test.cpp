@@ -95,6 +95,27 @@ TEST_F(CardReader, AnUnknownCardIsToldAndTheStationWaits)
     EXPECT_EQ(app_->nameForm().NameOrIDText.text(), "");
 }
 
+TEST_F(CardReader, AKnownCardWhileAnErrorIsUpOpensItsTestEvenWhenTheTesterPortFails)
+{
+    // The window of an unknown name typed at the station is up modally when a known card comes;
+    // the tester port then fails, and its own window replaces the first for its three seconds.
+    start(2, 0, 12);
+    line(1).failOpen = true;
+    std::string portTitle;
+    ui().onModal("ErrMsgFrm", [&](Form&) { reader().send("0B4\r\n"); });
+    ui().onModal("ErrMsgFrm", [&](Form& f) { portTitle = f.caption(); });
+    app_->nameForm().NameOrIDText.userEdit("Smith");
+    app_->nameForm().NameOrIDText.userKey(keys::Return, keys::Return);
+    EXPECT_EQ(portTitle, "Com port problem.");
+    EXPECT_FALSE(app_->errMsgFrm().loaded());
+    ASSERT_TRUE(testWindowOpen());
+    EXPECT_TRUE(app_->rs232Form().LeaveFormTimer.enabled());
+    // Nobody presses: thirty seconds later the window closes and the station waits again.
+    ui().advance(30000);
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_TRUE(app_->nameForm().enabled());
+}
+
 TEST_F(CardReader, ACasiCardIsReadTwoHundredMillisecondsAfterItsFirstPiece)
 {
     start(3, 0, 12);
