@@ -1,5 +1,6 @@
 // Whole visits at the station on virtual time: a name picked in the list, the tester's message,
 // the verdict on the screen, the answer to the tester, the log line, and the window's end.
+#include "build_info.h"
 #include "station/cartoon_form.h"
 #include "station/name_form.h"
 #include "station/press_form.h"
@@ -188,6 +189,25 @@ TEST_F(TestVisit, APortThatCannotDriveDtrStillCarriesTheByte)
     tester(PassMessage());
     EXPECT_EQ(testerLine().writtenBytes(), "\xFF");
     EXPECT_EQ(logLines().size(), 1u);
+}
+
+TEST_F(TestVisit, AnEmptyNetBatSetsTheClockByTheStationsOwnCommand)
+{
+    // The file only switches the command on; NETTIME.TXT's first line is the command.
+    write("NET.BAT", "");
+    write("NETTIME.TXT", "chronyc makestep\r\nnot this\r\n");
+    openTestWindow();
+    ASSERT_EQ(backend_->programs.runs.size(), 1u);
+    EXPECT_EQ(backend_->programs.runs[0].commandLine, "chronyc makestep");
+    EXPECT_EQ(backend_->programs.runs[0].directory, app_->AppDir);
+}
+
+TEST_F(TestVisit, NetPifAloneRunsTheBuildsTimeCommand)
+{
+    write("NET.PIF", "whatever");
+    openTestWindow();
+    ASSERT_EQ(backend_->programs.runs.size(), 1u);
+    EXPECT_EQ(backend_->programs.runs[0].commandLine, build_info::TimeCommand);
 }
 
 TEST_F(TestVisit, ALogFileHeldByAnotherStationIsWrittenOnceItIsFree)
