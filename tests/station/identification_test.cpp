@@ -161,6 +161,27 @@ TEST_F(Identification, NumbersAndLettersTypedInTheListSelectARow)
     EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Bell, Jane");
 }
 
+TEST_F(Identification, BackspaceRoundsTheTypedNumberHalfToEven)
+{
+    start(0, std::vector<Employee>(25));
+    ListBox& list = main().List1;
+    list.userKey('1', '1');
+    list.userKey('5', '5');
+    EXPECT_EQ(list.listIndex(), 14);
+    list.userKey(keys::Back, keys::Back); // 1.5 rounds to 2
+    list.userKey('0', '0');
+    EXPECT_EQ(list.listIndex(), 19);      // 20
+    list.userKey(keys::Back, keys::Back); // 2
+    list.userKey(keys::Back, keys::Back); // 0.2 rounds to 0
+    list.userKey('2', '2');
+    list.userKey('5', '5');
+    EXPECT_EQ(list.listIndex(), 24);
+    list.userKey(keys::Back, keys::Back); // 2.5 rounds to 2, not 3
+    EXPECT_EQ(app_->TypedNumber, 2);
+    list.userKey('1', '1');
+    EXPECT_EQ(list.listIndex(), 20); // 21
+}
+
 TEST_F(Identification, TheEnterLeftOverFromAReaderIsDropped)
 {
     start(0, staff(), [](Settings& s) { s.BarCodeFlag = 1; });
