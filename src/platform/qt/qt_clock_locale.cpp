@@ -136,18 +136,16 @@ std::optional<DateTime> QtLocale::readDate(std::string_view text, int presentYea
     if (!hasForms())
         return std::nullopt;
     const QString typed = TextToQt(std::string(text)).trimmed();
-    const QString shortForm = locale_.dateFormat(QLocale::ShortFormat);
-    QString longYear = shortForm;
-    if (!longYear.contains(QStringLiteral("yyyy")))
-        longYear.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
-    bool twoDigitYear = false;
-    QDate d;
-    if (longYear != shortForm) {
-        d = locale_.toDate(typed, shortForm);
-        twoDigitYear = d.isValid();
-    }
+    // The short form with a year of two digits and with one of four, whichever the locale writes.
+    QString twoDigits = locale_.dateFormat(QLocale::ShortFormat);
+    if (!twoDigits.contains(QStringLiteral("yyyy")))
+        twoDigits.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    const QString fourDigits = twoDigits;
+    twoDigits.replace(QStringLiteral("yyyy"), QStringLiteral("yy"));
+    QDate d = locale_.toDate(typed, twoDigits);
+    const bool twoDigitYear = d.isValid();
     if (!d.isValid())
-        d = locale_.toDate(typed, longYear);
+        d = locale_.toDate(typed, fourDigits);
     if (!d.isValid())
         d = locale_.toDate(typed, QLocale::LongFormat);
     if (!d.isValid())
