@@ -223,6 +223,28 @@ char StatusCode(std::string_view status, char strap)
     return verdict == "ok" ? 'g' : verdict == "lo" ? 'L' : verdict == "hi" ? 'H' : 0;
 }
 
+void ClearOpenCircuitHighs(const EmployeeTable& table, int row, char& wrist, char& left, char& right)
+{
+    const size_t r = static_cast<size_t>(row);
+    const bool wristRequired = table.WristEnable[r] != 0, footRequired = table.FootEnable[r] != 0;
+    if (!wristRequired && footRequired && wrist == 'H')
+        wrist = '-';
+    if (wristRequired && !footRequired) {
+        for (char* foot : {&left, &right})
+            if (*foot == 'H')
+                *foot = '-';
+    }
+}
+
+char AttendanceLetter(const EmployeeTable& table, int row, Date date)
+{
+    const std::string& attendance = table.Attendance[static_cast<size_t>(row)];
+    const int position = DayOfYear(date);
+    return position >= 1 && static_cast<size_t>(position) <= attendance.size()
+               ? attendance[static_cast<size_t>(position - 1)]
+               : 'A';
+}
+
 std::string_view ExtractWorkGroup(std::string_view id)
 {
     const size_t hyphen = id.find('-');
