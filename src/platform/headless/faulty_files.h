@@ -1,6 +1,6 @@
 // Real files with faults on demand: the next n reads, appends or replacements answer busy or
-// failed, as when another station holds a shared file; a file read in pieces may fail to open, or
-// fail in the middle, as a network share that goes away does.
+// failed, as when another station holds a shared file; a file read in pieces may fail in the
+// middle, as a network share that goes away does.
 #pragma once
 
 #include "platform/files.h"
@@ -17,7 +17,6 @@ public:
     void failReads(int n, FileResult how = FileResult::Busy) { reads_ = {n, how}; }
     void failAppends(int n, FileResult how = FileResult::Busy) { appends_ = {n, how}; }
     void failReplaces(int n, FileResult how = FileResult::Busy) { replaces_ = {n, how}; }
-    void failOpenReads(int n, FileResult how = FileResult::Busy) { openReads_ = {n, how}; }
     // Every file opened for reading in pieces from now on fails its read once this many bytes have
     // come; a negative number ends the fault.
     void breakPieceReadsAfter(std::int64_t bytes) { breakAfter_ = bytes; }
@@ -37,8 +36,6 @@ public:
     }
     FileResult openRead(const std::string& p, std::unique_ptr<FileReader>& reader) override
     {
-        if (openReads_.take())
-            return openReads_.how;
         std::unique_ptr<FileReader> real;
         const FileResult result = real_.openRead(p, real);
         if (result == FileResult::Ok)
@@ -95,7 +92,7 @@ private:
         }
     };
     Files& real_;
-    Fault reads_, appends_, replaces_, openReads_;
+    Fault reads_, appends_, replaces_;
     std::int64_t breakAfter_ = -1;
     int readAttempts_ = 0, appendAttempts_ = 0, replaceAttempts_ = 0;
 };
