@@ -1,6 +1,7 @@
 // Real files with faults on demand: the next n reads, appends or replacements answer busy or
-// failed, as when another station holds a shared file; and a disk that stops a write part-way or
-// refuses new files.
+// failed, as when another station holds a shared file; a disk that stops a write part-way or
+// refuses new files; a file read in pieces that fails in the middle, as a network share that goes
+// away does.
 #pragma once
 
 #include "platform/files.h"
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
+
 
 namespace zandolt::headless {
 
@@ -63,6 +65,9 @@ public:
     void failReplaces(int n, FileResult how = FileResult::Busy) { replaces_ = {n, how}; }
     // The next read breaks off after this many bytes of the file, which it gives with ReadFailed.
     void breakReadAfter(long bytes) { readBreak_ = bytes; }
+    // Every file opened for reading in pieces from now on fails its read once this many bytes have
+    // come; a negative number ends the fault.
+    void breakPieceReadsAfter(std::int64_t bytes) { breakAfter_ = bytes; }
     int readAttempts() const { return readAttempts_; }
     int appendAttempts() const { return appendAttempts_; }
     int replaceAttempts() const { return replaceAttempts_; }
@@ -84,6 +89,14 @@ public:
         readBreak_ = -1;
         return FileResult::ReadFailed;
     }
+    FileResult openRead(const std::string& p, std::unique_ptr<FileReader>& reader) override
+    {
+        std::unique_ptr<FileReader> real;
+        const FileResult result = real_.openRead(p, real);
+        if (result == FileResult::Ok)
+            reader = breakAfter_ < 0 ? std::move(real) : std::make_unique<BreakingReader>(std::move(real), breakAfter_);
+        return result;
+    }
     FileResult append(const std::string& p, const std::string& data) override
     {
         ++appendAttempts_;
@@ -102,6 +115,25 @@ public:
     std::string currentDirectory() override { return real_.currentDirectory(); }
 
 private:
+    // Hands out the real bytes up to the break, then fails.
+    class BreakingReader : public FileReader
+    {
+    public:
+        BreakingReader(std::unique_ptr<FileReader> real, std::int64_t left) : real_(std::move(real)), left_(left) {}
+        std::int64_t read(char* buffer, std::size_t size) override
+        {
+            if (left_ <= 0)
+                return -1;
+            const std::int64_t n = real_->read(buffer, std::min(size, static_cast<std::size_t>(left_)));
+            left_ -= n > 0 ? n : 0;
+            return n;
+        }
+
+    private:
+        std::unique_ptr<FileReader> real_;
+        std::int64_t left_;
+    };
+
     struct Fault
     {
         int left = 0;
@@ -117,6 +149,7 @@ private:
     Files& real_;
     Fault reads_, appends_, replaces_;
     long readBreak_ = -1;
+    std::int64_t breakAfter_ = -1;
     int readAttempts_ = 0, appendAttempts_ = 0, replaceAttempts_ = 0;
 };
 
