@@ -11,7 +11,6 @@
 #include <cerrno>
 #include <cstddef>
 
-
 namespace zandolt::headless {
 
 // Real files on a disk that fails on demand.
