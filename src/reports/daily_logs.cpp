@@ -7,8 +7,6 @@
 #include "reports/report_output.h"
 #include "reports/streamed_report_file.h"
 
-#include <functional>
-
 namespace zandolt {
 
 namespace {
@@ -65,8 +63,8 @@ void DailyTextTail(std::string_view tail, std::string& out)
 
 // The common run of both logs: the two files opened, the log read line by line to its end or to
 // the first line that stops the selection, and each selected line written to both files.
-bool ExtractLogLines(App& app, const std::string& textPath, const std::string& csvPath,
-                     const std::function<Selection(const LogRecord&, Date)>& select)
+template <typename Select>
+bool ExtractLogLines(App& app, const std::string& textPath, const std::string& csvPath, const Select& select)
 {
     app.ui.setBusy(true);
     StreamedReportFile text(app.files, textPath);
@@ -82,6 +80,10 @@ bool ExtractLogLines(App& app, const std::string& textPath, const std::string& c
     const int presentYear = app.clock.now().year;
     LogRecord record;
     std::string textTail;
+    // The log is in date order, so a line's date is nearly always the one of the line before: its
+    // value and its text are kept from there.
+    std::string readDateText;
+    Date date = 0;
     Date shownDate = -1;
     std::string shownDateText;
     for (;;) {
@@ -92,13 +94,15 @@ bool ExtractLogLines(App& app, const std::string& textPath, const std::string& c
             return ReportFailed(app, " Error Generating Daily Log");
         if (read == LogRead::Skip)
             continue;
-        const Date date = LogLineDate(record.Date, presentYear);
+        if (record.Date != readDateText) { // an empty date text reads as 0, where it starts
+            readDateText = record.Date;
+            date = LogLineDate(record.Date, presentYear);
+        }
         const Selection selection = select(record, date);
         if (selection == Selection::Stop)
             break;
         if (selection == Selection::Pass)
             continue;
-        // The log is in date order, so the date's text is nearly always the one of the line before.
         if (date != shownDate) {
             shownDate = date;
             shownDateText = ShortDateText(app, date);
