@@ -90,6 +90,14 @@ TEST_F(AttendanceTableTest, NoYearEndsQuietlyAndAMissingLogTakesTheScanErrorPath
     EXPECT_EQ(prompts(), std::vector<std::string>(3, "Year?"));
     ui().clearRecords();
 
+    // A log that breaks off in its second line is no complete scan.
+    backend_->files.breakPieceReadsAfter(150);
+    ui().answerInputBox("Year?", "2026");
+    EXPECT_FALSE(GenerateAttendanceTable(*app_));
+    EXPECT_EQ(prompts(), (std::vector<std::string>{"Year?", " Error opening Log file to read"}));
+    backend_->files.breakPieceReadsAfter(-1);
+    ui().clearRecords();
+
     std::remove(path("LOG.TXT").c_str());
     ui().answerInputBox("Year?", "2026");
     EXPECT_FALSE(GenerateAttendanceTable(*app_));

@@ -82,6 +82,19 @@ TEST_F(DailyLogTest, EachOpeningHasItsMessageAndLeavesNothingBehind)
     EXPECT_FALSE(backend_->ui.busy());
 }
 
+TEST_F(DailyLogTest, ALogThatBreaksOffMidwayAbandonsTheReportAndKeepsTheOldFiles)
+{
+    // The read fails inside the third line, after the first selected one.
+    write("DAILY.TXT", "old text");
+    write("DAILY.CSV", "old csv");
+    backend_->files.breakPieceReadsAfter(250);
+    EXPECT_FALSE(GenerateDailyLog(*app_));
+    EXPECT_EQ(prompts(), std::vector<std::string>{" Error Generating Daily Log"});
+    EXPECT_EQ(read("DAILY.TXT"), "old text");
+    EXPECT_EQ(read("DAILY.CSV"), "old csv");
+    EXPECT_FALSE(backend_->ui.busy());
+}
+
 class IndividualLogTest : public ReportSiteRows
 {
 protected:
