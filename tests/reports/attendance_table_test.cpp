@@ -77,6 +77,19 @@ TEST_F(AttendanceTableTest, AnotherYearsTestsLieOnThePresentCalendarUnderThePres
     EXPECT_NE(text.find("\r\n03  T  A  "), std::string::npos);
 }
 
+TEST_F(AttendanceTableTest, ALeapPresentYearGivesFebruaryItsTwentyNinthDay)
+{
+    // In 2028 day 60 is 29 February, and 1 March is day 61.
+    now(2028, 6, 1, 8, 0, 0);
+    app_->Attendance[0] = AttendanceWith({{60, 'T'}, {61, 'S'}});
+    ui().answerInputBox("Year?", "2028");
+    EXPECT_TRUE(GenerateAttendanceTable(*app_));
+    EXPECT_EQ(app_->ReportMonth, 6);
+    const std::string text = read("ATTEND.TXT");
+    EXPECT_NE(text.find("Leave Status in 2028 for Jane Doe ID# A-1\r\n"), std::string::npos);
+    EXPECT_NE(text.find("\r\n02  " + Repeat("A  ", 28) + "T  \r\n03  S  A  "), std::string::npos);
+}
+
 TEST_F(AttendanceTableTest, NoYearEndsQuietlyAndAMissingLogTakesTheScanErrorPath)
 {
     // 0, an empty answer and a text that is no number all end the report with ReportMonth at 0.

@@ -89,6 +89,20 @@ TEST_F(VacationReportTest, ALaterMonthIsLastYearsAfterTheNotice)
                                            "4, Zed, Amy, C-4, S, " + Repeat("-, ", 29) + "T, "}));
 }
 
+TEST_F(VacationReportTest, FebruaryOfLastYearHasThePresentYearsLength)
+{
+    // In January 2029 February is last year's, 2028, a leap year: its days are 32 to 60 of 2028,
+    // but the month has the 28 days of February 2029, so the 29th (day 60) is not shown.
+    now(2029, 1, 15, 9, 30, 0);
+    add({"Zed", "Amy", "C-4", "1", 0, AttendanceWith({{32, 'S'}, {59, 'V'}, {60, 'X'}})});
+    app_->ReportMonth = 2;
+    app_->ReportWorkGroup = "C";
+    EXPECT_TRUE(GenerateVacationReport(*app_));
+    EXPECT_EQ(prompts(), std::vector<std::string>{kNotice});
+    EXPECT_EQ(read("VACATION.CSV"), Lines({"2, =Month, 2028, =Year, as of 1/15/2029 09:30:00",
+                                           "4, Zed, Amy, C-4, S, " + Repeat("-, ", 26) + "V, "}));
+}
+
 TEST_F(VacationReportTest, AMonthOutOfRangeAndUnwritableDirectoriesTakeTheirPhasesErrorPaths)
 {
     // Month 13 passes the notice and fails in the text phase; the CSV is not touched.
