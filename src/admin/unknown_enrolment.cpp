@@ -59,7 +59,10 @@ void saveAndReread(App& app)
 
 NameParts SplitNameAnswer(const std::string& answer)
 {
-    const std::string t = trimBlanks(answer);
+    // The employee file separates its fields by commas, so a name can't hold one.
+    std::string t = answer;
+    std::replace(t.begin(), t.end(), ',', ' ');
+    t = trimBlanks(t);
     const size_t blank = t.rfind(' ');
     if (blank == std::string::npos)
         return {"", t};
@@ -70,7 +73,8 @@ int AddUnknownEmployee(App& app, const std::string& badge)
 {
     NameParts n{"Number", badge};
     std::string name = n.last + ", " + n.first;
-    if (app.AddUnknownFlag == 0)
+    // A badge with a comma can't be stored in the employee file: it is not enrolled.
+    if (app.AddUnknownFlag == 0 || badge.find(',') != std::string::npos)
         return -1;
     if (app.ui.msgBox("The badge number " + badge + " was not found.\nAdd it to the list?", msgbox::YesNo, "") !=
         msgbox::Yes)

@@ -20,7 +20,8 @@ constexpr int AllowBadgeTakeOver = 8;
 extern const char* const NewNamePrompt;
 
 // A typed name split at its last blank, both parts trimmed: "Mary Ann Smith" gives the first name
-// "Mary Ann" and the last name "Smith"; a name of one word is a last name alone.
+// "Mary Ann" and the last name "Smith"; a name of one word is a last name alone. Commas, which
+// the employee file can't hold, count as blanks.
 struct NameParts
 {
     std::string first, last;

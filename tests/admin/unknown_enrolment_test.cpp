@@ -26,6 +26,9 @@ TEST(SplitNameAnswer, TheLastWordIsTheLastName)
     EXPECT_EQ(one.first, "");
     EXPECT_EQ(one.last, "Smith");
     EXPECT_EQ(SplitNameAnswer("   ").last, "");
+    const NameParts comma = SplitNameAnswer("Smith,Mary");
+    EXPECT_EQ(comma.first, "Smith");
+    EXPECT_EQ(comma.last, "Mary");
 }
 
 class Enrolment : public ScenarioTest
@@ -127,6 +130,7 @@ TEST_F(Enrolment, RefusedAnswersLeaveTheFileAsItWas)
     ui().answerMsgBox("Add it to the list?", msgbox::Yes);
     ui().answerInputBox("Please enter your name", "Jane Doe");
     type("504");
+    type("50,5"); // a comma can't be stored: not even asked
 
     EXPECT_EQ(prompts(), (std::vector<std::string>{"The badge number 501 was not found.\nAdd it to the list?",
                                                    "The badge number 502 was not found.\nAdd it to the list?",
