@@ -40,7 +40,7 @@ CertExForm& App::certExForm()
 void CertExForm::design()
 {
     setCaption("Certificatiion Expiration Notification Configuration");
-    setSize(8520, 5100);
+    setSize(8520, 4680);
     setFixedDialog(true);
 
     CertExLabel1.move(240, 240, 6600, 630);

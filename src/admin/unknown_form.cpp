@@ -54,7 +54,7 @@ UnKnowFo& App::unKnowFo()
 void UnKnowFo::design()
 {
     setCaption("UnRecognized Employee Configuration Window");
-    setSize(7320, 6600);
+    setSize(7320, 6360);
     setFixedDialog(true);
 
     const std::pair<CheckBox*, const char*> bits[] = {
