@@ -218,5 +218,18 @@ TEST_F(CardReader, AnExpiredIdIsToldInTheTimedWindowAtAReader)
     EXPECT_TRUE(ui().messages().empty());
 }
 
+TEST_F(CardReader, NoiseOnTheLineIsToldAndTheNextCardIsRead)
+{
+    start(2, 0, 12);
+    watchError();
+    reader().send("\x07~?\r\n"); // no hexadecimal digit: the card number 0, which nobody has
+    ui().advance(0);
+    EXPECT_EQ(error, "Error|Sorry, your ID was not found"); // the window's own title
+    EXPECT_EQ(app_->ProxText, "");
+    reader().send("0B4\r\n");
+    ui().advance(0);
+    EXPECT_TRUE(testWindowOpen());
+}
+
 } // namespace
 } // namespace zandolt::testing
