@@ -189,9 +189,14 @@ TEST_F(Identification, EachRowOfTheNotFoundTableForTypedText)
         {1, "Smith 2", "Incorrect entry|Sorry, your Badge# was not found"},
         {4, "9999", "Incorrect entry|Sorry, your Badge# was not found"},
     };
+    start(2, staff());
     for (const auto& c : cases) {
-        app_ = std::make_unique<App>(backend_->services());
-        start(c.type, staff(), [](Settings& s) { s.UnknownIdMessage = "Badge unknown"; });
+        writeSettings([&](Settings& s) {
+            s.EmployeeSelectionType = static_cast<int16>(c.type);
+            s.UnknownIdMessage = "Badge unknown";
+        });
+        ReadIniFile(*app_); // which empties the table, so the file is read again too
+        ReadNamesFile(*app_);
         std::string seen;
         ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
         type(c.typed);
