@@ -310,6 +310,9 @@ std::string HelpText()
            "                       middle takes out both; limits are the DIP switches (wrist low, wrist\n"
            "                       high, foot low, foot high); form 3 is a 1000-megohm meter (\"003.5\")\n"
            "  raw <text>           the text as it stands, with \\r \\n \\t \\\\ \\xHH\n"
+           "  wait <ms>            listen for that long\n"
+           "  help                 this list\n"
+           "  quit                 end\n"
            "A card reader on the station's reader port (start with --reader KIND for its line settings):\n"
            "  hid 5A3 | hid card=180   an HID Prox line: the card's hexadecimal digits and CR LF\n"
            "  casi 5A3 | casi card=180 Casi-Rusco/Wiegand: one character per bit, 0xFF for 1, 0x80 for 0\n"
@@ -317,9 +320,6 @@ std::string HelpText()
            "  rw400 ????           the RW-400's word for a card it could not read\n"
            "  rs232 <text>         a general RS232 reader's line: the text and CR LF\n"
            "                       (a card cut in two: raw the first part, wait 50, raw the rest)\n"
-           "  wait <ms>            listen for that long\n"
-           "  help                 this list\n"
-           "  quit                 end\n"
            "Every message goes out as \"SENT <message>\", every byte from the station as \"RECV 0x..\".\n";
 }
 
