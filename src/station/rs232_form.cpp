@@ -1,6 +1,7 @@
 #include "station/rs232_form.h"
 
 #include "admin/passwords.h"
+#include "admin/unknown_enrolment.h"
 #include "app.h"
 #include "build_info.h"
 #include "data/number_text.h"
@@ -191,6 +192,7 @@ void RS232Form::wire()
     LeaveFormTimer.Tick = [this] { LeaveFormTimer_Timer(); };
     Timer1.Tick = [this] { ReceiveWindowOver(app_); };
     CancelButton.Click = [this] { Unload(); };
+    CancelButton.KeyDown = [this](int&, int) { CancelButton_KeyDown(app_); };
     PasswordBut.Click = [this] { ChangeEmployeeTestPassword(app_); };
 }
 

@@ -193,5 +193,50 @@ TEST_F(Identification, TheEnterLeftOverFromAReaderIsDropped)
     EXPECT_TRUE(testWindowOpen());
 }
 
+TEST_F(Identification, EachRowOfTheNotFoundTableForTypedText)
+{
+    // Selection types 2 (badges), 3 (IDs), 1 (names) and 4 (names and IDs), each with a number
+    // and a name that nobody has; the first fitting row of the table gives title and text.
+    const struct
+    {
+        int type;
+        std::string typed, seen;
+    } cases[] = {
+        {2, "9999", "Badge# not found|Badge unknown"},
+        {2, "Smith, Ann", "Incorrect entry|Sorry, names are not accepted, please enter your badge#"},
+        {3, "9999", "ID not found|Badge unknown"},
+        {3, "Smith, Ann", "Incorrect entry|Sorry, names are not accepted, please enter your ID#"},
+        {1, "Smith, Ann", "Incorrect entry|Sorry, your name was not found"},
+        {1, "Smith 2", "Incorrect entry|Sorry, your Badge# was not found"},
+        {4, "9999", "Incorrect entry|Sorry, your Badge# was not found"},
+    };
+    start(2, staff());
+    for (const auto& c : cases) {
+        writeSettings([&](Settings& s) {
+            s.EmployeeSelectionType = static_cast<int16>(c.type);
+            s.UnknownIdMessage = "Badge unknown";
+        });
+        ReadIniFile(*app_); // which empties the table, so the file is read again too
+        ReadNamesFile(*app_);
+        std::string seen;
+        ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
+        type(c.typed);
+        EXPECT_EQ(seen, c.seen) << c.type << " " << c.typed;
+        EXPECT_FALSE(testWindowOpen());
+    }
+}
+
+TEST_F(Identification, AnIdMarkedExpiredIsToldInAMessageBoxWhenTyped)
+{
+    Employee expired{.id = "ASM-4711"};
+    expired.attendance = std::string(325, 'A') + "X" + std::string(46, 'A');
+    start(3, {expired});
+    type("4711");
+    EXPECT_FALSE(testWindowOpen());
+    ASSERT_EQ(ui().messages().size(), 1u);
+    EXPECT_EQ(ui().messages()[0].prompt,
+              "Sorry, your ID has expired, please see system administrator (leave status = X).");
+}
+
 } // namespace
 } // namespace zandolt::testing
