@@ -23,6 +23,13 @@ class ErrMsgFrm;
 class PassForm;
 class TitleForm;
 class PrinterCheckForm;
+class LimitsForm;
+class SickForm;
+class ModForm;
+class Configform;
+class SelConfigForm;
+class ConFigReaderForm;
+class DirForm;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -67,6 +74,13 @@ public:
     PassForm& passForm();
     TitleForm& titleForm();
     PrinterCheckForm& printerCheckForm();
+    LimitsForm& limitsForm();
+    SickForm& sickForm();
+    ModForm& modForm();
+    Configform& configform();
+    SelConfigForm& selConfigForm();
+    ConFigReaderForm& conFigReaderForm();
+    DirForm& dirForm();
 
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
@@ -82,6 +96,13 @@ protected:
 private:
     std::unique_ptr<Form> nameForm_, rs232Form_, pressForm_, cartoonForm_, simForm_, errMsgFrm_, passForm_, titleForm_,
         printerCheckForm_;
+    std::unique_ptr<Form> limitsForm_;
+    std::unique_ptr<Form> sickForm_;
+    std::unique_ptr<Form> modForm_;
+    std::unique_ptr<Form> configform_;
+    std::unique_ptr<Form> selConfigForm_;
+    std::unique_ptr<Form> conFigReaderForm_;
+    std::unique_ptr<Form> dirForm_;
 };
 
 } // namespace zandolt

@@ -1,6 +1,7 @@
 #include "station/rs232_form.h"
 
 #include "admin/passwords.h"
+#include "admin/sick_form.h"
 #include "app.h"
 #include "build_info.h"
 #include "data/number_text.h"
@@ -176,6 +177,7 @@ void RS232Form::wire()
     Timer1.Tick = [this] { ReceiveWindowOver(app_); };
     CancelButton.Click = [this] { Unload(); };
     PasswordBut.Click = [this] { ChangeEmployeeTestPassword(app_); };
+    VacationBut.Click = [this] { OpenLeaveFromTestWindow(app_); };
 }
 
 void RS232Form::Form_Load()
@@ -270,9 +272,7 @@ void RS232Form::Form_Load()
 
     ArmTestWindow(app_);
 
-    // The leave window that this button opens is not part of this station yet, so the button
-    // stays hidden whatever the setting says.
-    VacationBut.setVisible(false);
+    VacationBut.setVisible(app_.AllowEmployeeVacationChange != 0);
     const bool askPassword = app_.AskPasswordBeforeTest != 0;
     PasswordBut.setVisible(askPassword);
     PasswordBut.setEnabled(askPassword);
