@@ -23,6 +23,9 @@ class ErrMsgFrm;
 class PassForm;
 class TitleForm;
 class PrinterCheckForm;
+class DispForm;
+class HelpForm;
+class IndividualEmployeeSelectionForm;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -67,6 +70,9 @@ public:
     PassForm& passForm();
     TitleForm& titleForm();
     PrinterCheckForm& printerCheckForm();
+    DispForm& dispForm();
+    HelpForm& helpForm();
+    IndividualEmployeeSelectionForm& individualEmployeeSelectionForm();
 
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
@@ -82,6 +88,9 @@ protected:
 private:
     std::unique_ptr<Form> nameForm_, rs232Form_, pressForm_, cartoonForm_, simForm_, errMsgFrm_, passForm_, titleForm_,
         printerCheckForm_;
+    std::unique_ptr<Form> dispForm_;
+    std::unique_ptr<Form> helpForm_;
+    std::unique_ptr<Form> individualEmployeeSelectionForm_;
 };
 
 } // namespace zandolt
