@@ -30,6 +30,9 @@ class Configform;
 class SelConfigForm;
 class ConFigReaderForm;
 class DirForm;
+class DispForm;
+class HelpForm;
+class IndividualEmployeeSelectionForm;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -81,6 +84,9 @@ public:
     SelConfigForm& selConfigForm();
     ConFigReaderForm& conFigReaderForm();
     DirForm& dirForm();
+    DispForm& dispForm();
+    HelpForm& helpForm();
+    IndividualEmployeeSelectionForm& individualEmployeeSelectionForm();
 
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
@@ -103,6 +109,9 @@ private:
     std::unique_ptr<Form> selConfigForm_;
     std::unique_ptr<Form> conFigReaderForm_;
     std::unique_ptr<Form> dirForm_;
+    std::unique_ptr<Form> dispForm_;
+    std::unique_ptr<Form> helpForm_;
+    std::unique_ptr<Form> individualEmployeeSelectionForm_;
 };
 
 } // namespace zandolt

@@ -9,6 +9,10 @@
 #include "admin/sel_config_form.h"
 #include "admin/title_form.h"
 #include "app.h"
+#include "reports/help_menu.h"
+#include "reports/log_menu.h"
+#include "reports/report_frame.h"
+#include "reports/report_generators.h"
 #include "station/name_form.h"
 
 namespace zandolt {
@@ -65,6 +69,41 @@ void NameForm::wireMenus()
         if (CheckPassWord(app_))
             ResetSickTime(app_);
     };
+
+    wireReportMenus();
+}
+
+// The Reports and Help entries. A report entry is enabled only where its generator is part of the
+// station.
+void NameForm::wireReportMenus()
+{
+    const auto wire = [](MenuItem& item, std::function<void()> click) {
+        item.Click = std::move(click);
+        item.setEnabled(true);
+    };
+    const auto report = [this, &wire](MenuItem& item, const ReportKind& kind, const ReportGenerator& generate) {
+        if (generate)
+            wire(item, [this, &kind, generate] { ReportHandler(app_, kind, generate); });
+    };
+    const ReportGenerators& g = AvailableReportGenerators();
+    report(mnuDisplayReport, report_kinds::Monthly, g.monthly);
+    report(mnuDaily, report_kinds::Daily, g.daily);
+    report(mnuIndividualLog, report_kinds::Individual, g.individual);
+    report(mnuExceptions, report_kinds::Exceptions, g.exceptions);
+    report(mnuExceptions2, report_kinds::ExceptionsNotTestedTwice, g.twiceTested);
+    report(mnuCertification, report_kinds::Certification, g.certification);
+    report(mnuVacation, report_kinds::Vacation, g.vacation);
+    if (g.monthly)
+        wire(mnuPrintReport, [this, generate = g.monthly] { PrintReportHandler(app_, generate); });
+    if (g.attendance)
+        wire(mnuAttendance, [this, generate = g.attendance] { AttendanceHandler(app_, generate); });
+    wire(mnuViewLog, [this] { ViewLog(app_); });
+    wire(mnuResetLog, [this] { ResetLog(app_); });
+    wire(mnuSimpleHelp, [this] { SimpleHelp(app_); });
+    wire(mnuUserManual, [this] { OpenUserManual(app_); });
+    wire(mnuNetworkHelp, [this] { NetworkHelp(app_); });
+    wire(mnuCheckUpdates, [this] { CheckUpdates(app_); });
+    wire(mnuNewProducts, [this] { NewProducts(app_); });
 }
 
 } // namespace zandolt
