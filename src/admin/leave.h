@@ -29,8 +29,6 @@ inline constexpr int LeaveLetterCount = sizeof LeaveLetters / sizeof LeaveLetter
 
 // A date in the desktop's short form, as the date boxes show it.
 std::string ShortDateText(App& app, Date date);
-// A date typed into a box, read as the platform reads dates; 0 when it is no date.
-Date TypedDate(const App& app, const std::string& text);
 
 // Puts the letter at the 1-based positions from..to of the attendance string. A range whose end
 // lies before its start paints nothing.
@@ -43,6 +41,14 @@ bool PaintLeaveRange(App& app, std::string& attendance, const std::string& statu
 // the attendance string; the row is marked as changed.
 void StoreLeave(App& app, int row, const std::string& status, const std::string& startText, const std::string& stopText,
                 const std::string& attendance);
+// The yearly summary of an attendance string: a calendar of the current year, one line a month,
+// with each line ended by CR LF.
+std::string LeaveSummaryText(int year, const std::string& firstName, const std::string& lastName, const std::string& id,
+                             const std::string& attendance);
+// Shows the summary of a row's working copy in the report viewer, with the site's hook Leave.bat.
+void ShowLeaveSummary(App& app, int row, const std::string& attendance);
+// Shows the help text on leave in the report viewer.
+void ShowLeaveHelp(App& app);
 // The menu entry that clears the rest of the year for every employee, after two questions.
 void ResetSickTime(App& app);
 

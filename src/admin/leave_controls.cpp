@@ -9,7 +9,8 @@ namespace zandolt {
 LeaveControls::LeaveControls(Form& form)
     : LeaveFrame(form, "LeaveFrame"), StatusLabel(form, "StatusLabel"), StatusText(form, "StatusText"),
       StartDateLabel(form, "StartDateLabel"), StatusStartDateText(form, "StatusStartDateText"),
-      StopDateLabel(form, "StopDateLabel"), StatusStopDateText(form, "StatusStopDateText"), UseBut(form, "UseBut")
+      StopDateLabel(form, "StopDateLabel"), StatusStopDateText(form, "StatusStopDateText"), UseBut(form, "UseBut"),
+      SummaryBut(form, "SummaryBut")
 {
     for (const LeaveLetter& l : LeaveLetters)
         StatusButtons.push_back(std::make_unique<CommandButton>(form, l.button));
@@ -28,7 +29,7 @@ void LeaveControls::design(int left, int top)
     LeaveFrame.move(left, top, Width, Height);
     LeaveFrame.setCaption("Leave Status");
     for (Control* c : std::initializer_list<Control*>{&StatusLabel, &StatusText, &StartDateLabel, &StatusStartDateText,
-                                                      &StopDateLabel, &StatusStopDateText, &UseBut})
+                                                      &StopDateLabel, &StatusStopDateText, &UseBut, &SummaryBut})
         c->setContainer(&LeaveFrame);
 
     StatusLabel.move(120, 345, 780, 285);
@@ -43,8 +44,10 @@ void LeaveControls::design(int left, int top)
     StopDateLabel.setCaption("through date:");
     StopDateLabel.setAlignment(1);
     StatusStopDateText.move(3000, 720, 1500, 330);
-    UseBut.move(4680, 300, 1380, 375);
+    UseBut.move(4620, 285, 1440, 375);
     UseBut.setCaption("&Update");
+    SummaryBut.move(4620, 705, 1440, 375);
+    SummaryBut.setCaption("&Yearly summary");
 
     // Five buttons to a row under the dates.
     for (int i = 0; i < LeaveLetterCount; ++i) {
@@ -55,7 +58,7 @@ void LeaveControls::design(int left, int top)
     }
 }
 
-void LeaveControls::wire(App& app, std::string& attendance)
+void LeaveControls::wire(App& app, std::string& attendance, const int16& row)
 {
     for (int i = 0; i < LeaveLetterCount; ++i) {
         const char letter = LeaveLetters[i].letter;
@@ -67,6 +70,7 @@ void LeaveControls::wire(App& app, std::string& attendance)
     UseBut.Click = [this, &app, &attendance] {
         PaintLeaveRange(app, attendance, StatusText.text(), StatusStartDateText.text(), StatusStopDateText.text());
     };
+    SummaryBut.Click = [&app, &attendance, &row] { ShowLeaveSummary(app, row, attendance); };
 }
 
 void LeaveControls::show(App& app, int row)

@@ -3,6 +3,7 @@
 // days into the window's working copy of the attendance string.
 #pragma once
 
+#include "data/types.h"
 #include "platform/ui.h"
 
 #include <memory>
@@ -26,6 +27,7 @@ public:
     Label StopDateLabel;
     TextBox StatusStopDateText;
     CommandButton UseBut;
+    CommandButton SummaryBut;
     // The status buttons in the order of LeaveLetters.
     std::vector<std::unique_ptr<CommandButton>> StatusButtons;
 
@@ -34,8 +36,9 @@ public:
 
     // Lays the elements out in their frame, whose top left corner is given.
     void design(int left, int top);
-    // Connects the buttons; Update paints into `attendance`, the window's working copy.
-    void wire(App& app, std::string& attendance);
+    // Connects the buttons; Update paints into `attendance`, the window's working copy, and the
+    // summary shows that copy for the employee of `row`.
+    void wire(App& app, std::string& attendance, const int16& row);
     // Shows the leave of a row.
     void show(App& app, int row);
     // Both date boxes take today's date.

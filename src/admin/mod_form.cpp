@@ -150,7 +150,7 @@ void ModForm::design()
 
 void ModForm::wire()
 {
-    leave.wire(app_, EditAttendance);
+    leave.wire(app_, EditAttendance, EditRow);
     UserNumScroll.Change = [this] {
         EditRow = static_cast<int16>(UserNumScroll.value());
         ShowRow();
@@ -365,7 +365,7 @@ void ModForm::StoreRow()
 
     const std::string type = Trimmed(CertificationTypeText.text());
     app_.CertType[r] = type.empty() ? "1" : type.substr(0, 1);
-    const Date typedExpiry = TypedDate(app_, CertificationDateText.text());
+    const Date typedExpiry = ReadTypedDate(app_, CertificationDateText.text());
     if (typedExpiry != 0) {
         const Date expiry = FixDateCentury(app_, typedExpiry);
         // A renewed certificate starts a new warning sequence.

@@ -11,7 +11,7 @@ namespace zandolt {
 
 SickForm::SickForm(App& app)
     : Form(app.ui, "SickForm"), NameLabel(*this, "NameLabel"), leave(*this), OKBut(*this, "OKBut"),
-      CancelBut(*this, "CancelBut"), app_(app)
+      CancelBut(*this, "CancelBut"), HelpBut(*this, "HelpBut"), app_(app)
 {
     finishConstruction();
 }
@@ -30,6 +30,8 @@ void SickForm::design()
     NameLabel.setFontSize(10);
     NameLabel.setFontBold(true);
     leave.design(240, 480);
+    HelpBut.move(240, 3300, 1320, 420);
+    HelpBut.setCaption("Help");
     OKBut.move(3480, 3300, 1320, 420);
     OKBut.setCaption("OK");
     OKBut.setDefault(true);
@@ -40,7 +42,8 @@ void SickForm::design()
 
 void SickForm::wire()
 {
-    leave.wire(app_, LeaveAttendance);
+    leave.wire(app_, LeaveAttendance, LeaveRow);
+    HelpBut.Click = [this] { ShowLeaveHelp(app_); };
     OKBut.Click = [this] { OKBut_Click(); };
     CancelBut.Click = [this] { Unload(); };
 }

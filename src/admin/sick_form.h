@@ -21,6 +21,7 @@ public:
     LeaveControls leave;
     CommandButton OKBut;
     CommandButton CancelBut;
+    CommandButton HelpBut;
 
     int16 LeaveRow = 0;
     std::string LeaveAttendance;

@@ -1,6 +1,8 @@
 // Leave: the employee's leave window from the test window, the painting of days into the
 // attendance year, and the reset of the rest of the year.
+#include "admin/leave.h"
 #include "admin/sick_form.h"
+#include "reports/disp_form.h"
 #include "station/name_form.h"
 #include "station/rs232_form.h"
 #include "support/scenario.h"
@@ -80,6 +82,16 @@ TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
         range(f, "P", "12/30/2026", "1/2/2027"); // across the year's end: nothing
         range(f, "h", "11/5/2026", "bad");
         EXPECT_EQ(ui().messages().back().prompt, "The Stop date is illegal.  Use 11/22/2026  format.");
+        ui().onModal("DispForm", [&](Form& d) {
+            auto& viewer = static_cast<DispForm&>(d);
+            EXPECT_EQ(viewer.caption(), "Leave Status");
+            EXPECT_EQ(app_->ReportMacroName, "Leave.bat");
+            EXPECT_NE(viewer.TextBox1.text().find("\r\n03  S  S  V  V  V  V  A  "), std::string::npos);
+            viewer.CloseBut.userClick();
+        });
+        f.leave.SummaryBut.userClick();
+        f.HelpBut.userClick(); // no help file in the program directory
+        EXPECT_EQ(ui().messages().back().prompt, " Error opening " + app_->HelpVacationPath);
         f.leave.button("HalfDayBut").userClick(); // status 4, dates today
         f.OKBut.userClick();
     });
@@ -97,6 +109,44 @@ TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
         f.CancelBut.userClick();
     });
     EXPECT_EQ(app_->Attendance[1], expected);
+}
+
+TEST(LeaveSummary, OneLineAMonthWithThePositionsRunningOnThroughTheYear)
+{
+    std::string attendance(372, 'A');
+    attendance[59] = 'S';  // day 60: 29 February in a leap year, 1 March in another
+    attendance[60] = 'V';  // day 61
+    attendance[365] = 'h'; // day 366: only a leap year has it
+    const auto lines = [&](int year) {
+        std::vector<std::string> out;
+        const std::string text = LeaveSummaryText(year, "Jane", "Doe", "12-34", attendance);
+        for (size_t start = 0, end; (end = text.find("\r\n", start)) != std::string::npos; start = end + 2)
+            out.push_back(text.substr(start, end - start));
+        return out;
+    };
+    const auto repeat = [](const std::string& part, int times) {
+        std::string s;
+        for (int i = 0; i < times; ++i)
+            s += part;
+        return s;
+    };
+    const auto leap = lines(2024);
+    ASSERT_EQ(leap.size(), 17u);
+    EXPECT_EQ(leap[0], std::string(28, ' ') + "Leave Status in 2024 for Jane Doe ID# 12-34");
+    EXPECT_EQ(leap[1], "");
+    EXPECT_EQ(leap[2], std::string(42, ' ') + "Day of Month");
+    EXPECT_EQ(leap[3].substr(0, 11), "Mo 01 02 03");
+    EXPECT_EQ(leap[3].size(), 2u + 31 * 3);
+    EXPECT_EQ(leap[4], std::string(96, '-'));
+    EXPECT_EQ(leap[5], "01  " + repeat("A  ", 31));
+    EXPECT_EQ(leap[6], "02  " + repeat("A  ", 28) + "S  ");
+    EXPECT_EQ(leap[7], "03  V  " + repeat("A  ", 30));
+    EXPECT_EQ(leap[16], "12  " + repeat("A  ", 30) + "h  ");
+
+    const auto plain = lines(2026);
+    EXPECT_EQ(plain[6], "02  " + repeat("A  ", 28));
+    EXPECT_EQ(plain[7], "03  S  V  " + repeat("A  ", 29));
+    EXPECT_EQ(plain[16], "12  " + repeat("A  ", 31));
 }
 
 class ResetLeave : public ScenarioTest
