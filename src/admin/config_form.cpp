@@ -54,7 +54,7 @@ Configform& App::configform()
 void Configform::design()
 {
     setCaption("Configuration Window");
-    setSize(10560, 7200);
+    setSize(10560, 6600);
     setFixedDialog(true);
 
     const int boxLeft = 2400;
@@ -85,7 +85,7 @@ void Configform::design()
     row(IgnoreWorkGroupLabel, "Ignore workgroup:", IgnoreWorkGroupTextBox, 1200, &IgnoreWorkGroupNote,
         "(The workgroup ID that will be ignored by exception reports.)");
     row(TagLabel, "Print a tag of type:", TagText, 600, &TagNote,
-        "( Prints a tag when an employee passes, 0 for none, 1 for S600,                      2 for generic.)", 480);
+        "( Prints a tag when an employee passes, 0 for none, 1 for S600,                      2 for generic.)");
     row(PasswordExpirationLabel, "Password expire time:", PasswordExpirationTimeText, 600, &PasswordExpirationNote,
         "( minutes.  0 = infinite.)");
     row(RetestTimeLabel, "Max retest time:", RetestTimeText, 600, &RetestTimeNote, "( seconds.  0 = infinite.)");
@@ -98,12 +98,12 @@ void Configform::design()
     AllowOfflineTestingNote.setCaption("( Will not charge battery and will allow unauthorized door entry)");
     AllowOfflineTestingNote.setFontSize(7.5);
 
-    EmployeeSelBut.move(240, 6240, 2160, 450);
+    EmployeeSelBut.move(240, 5880, 2160, 450);
     EmployeeSelBut.setCaption("Employee selection");
-    OKBut.move(6840, 6240, 1560, 450);
+    OKBut.move(6840, 5880, 1560, 450);
     OKBut.setCaption("OK");
     OKBut.setDefault(true);
-    CancelBut.move(8640, 6240, 1560, 450);
+    CancelBut.move(8640, 5880, 1560, 450);
     CancelBut.setCaption("Cancel");
     CancelBut.setCancel(true);
 }

@@ -32,15 +32,15 @@ void LeaveControls::design(int left, int top)
                                                       &StopDateLabel, &StatusStopDateText, &UseBut, &SummaryBut})
         c->setContainer(&LeaveFrame);
 
-    StatusLabel.move(120, 345, 780, 285);
+    StatusLabel.move(120, 345, 720, 285);
     StatusLabel.setCaption("Status =");
     StatusLabel.setAlignment(1);
-    StatusText.move(960, 300, 540, 330);
-    StartDateLabel.move(1560, 345, 1380, 285);
+    StatusText.move(900, 300, 420, 330);
+    StartDateLabel.move(1380, 345, 1560, 285);
     StartDateLabel.setCaption("Leave date from:");
     StartDateLabel.setAlignment(1);
     StatusStartDateText.move(3000, 300, 1500, 330);
-    StopDateLabel.move(1560, 765, 1380, 285);
+    StopDateLabel.move(1380, 765, 1560, 285);
     StopDateLabel.setCaption("through date:");
     StopDateLabel.setAlignment(1);
     StatusStopDateText.move(3000, 720, 1500, 330);

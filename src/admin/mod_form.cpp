@@ -80,7 +80,7 @@ ModForm& App::modForm()
 void ModForm::design()
 {
     setCaption("Modify Names");
-    setSize(12900, 6000);
+    setSize(12900, 5460);
     setFixedDialog(true);
 
     UserFrame.move(120, 60, 6180, 2640);

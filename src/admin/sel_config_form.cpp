@@ -41,7 +41,7 @@ SelConfigForm& App::selConfigForm()
 void SelConfigForm::design()
 {
     setCaption("Employee selection and test configuration window");
-    setSize(10200, 6960);
+    setSize(10200, 6360);
     setFixedDialog(true);
 
     IdentifyFrame.move(120, 60, 9840, 2100);
@@ -52,7 +52,7 @@ void SelConfigForm::design()
         Identify[i]->setCaption(IdentifyCaptions[i]);
     }
 
-    ReaderFrame.move(120, 2280, 3960, 2700);
+    ReaderFrame.move(120, 2280, 3960, 3000);
     ReaderFrame.setCaption("Enter employee identification via");
     int top = 300;
     for (auto [option, caption] :
@@ -65,21 +65,21 @@ void SelConfigForm::design()
         top += 345;
     }
     EditReaderBut.setContainer(&ReaderFrame);
-    EditReaderBut.move(240, 2400 - 240, 2160, 390);
+    EditReaderBut.move(240, 2460, 2160, 390);
     EditReaderBut.setCaption("Edit reader params");
 
     // Two lines of caption where the box's text is long, as the settings read.
     const int left = 4320;
-    NoMonitorCheckBox.move(left, 2400, 1800, 330);
+    NoMonitorCheckBox.move(left, 2400, 2280, 330);
     NoMonitorCheckBox.setCaption("No Monitor");
-    NoMonitorNote.move(left + 1920, 2400, 3720, 480);
+    NoMonitorNote.move(left + 2400, 2400, 3240, 480);
     NoMonitorNote.setCaption("( Will cause RS232 window to look for test data after test OK.)");
     NoMonitorNote.setFontSize(7.5);
-    SimulateModeCheckBox.move(left, 2940, 1800, 330);
+    SimulateModeCheckBox.move(left, 2940, 2280, 330);
     SimulateModeCheckBox.setCaption("Simulate Mode:");
-    NoNumbersCheck.move(left, 3420, 1800, 330);
+    NoNumbersCheck.move(left, 3420, 2280, 330);
     NoNumbersCheck.setCaption("Don't show numbers");
-    NoNumbersNote.move(left + 1920, 3420, 3720, 480);
+    NoNumbersNote.move(left + 2400, 3420, 3240, 480);
     NoNumbersNote.setCaption("( Do not display badge or ID numbers while scanning badges )");
     NoNumbersNote.setFontSize(7.5);
     const struct
@@ -96,10 +96,10 @@ void SelConfigForm::design()
         p.check->setCaption(p.caption);
     }
 
-    OKBut.move(6480, 6000, 1560, 450);
+    OKBut.move(6480, 5520, 1560, 450);
     OKBut.setCaption("OK");
     OKBut.setDefault(true);
-    CancelBut.move(8280, 6000, 1560, 450);
+    CancelBut.move(8280, 5520, 1560, 450);
     CancelBut.setCaption("Cancel");
     CancelBut.setCancel(true);
 }

@@ -31,6 +31,7 @@ TEST_F(SettingsWindows, GeneralSettingsFallBackOnBadNumbersAndRefuseCommas)
 {
     start();
     ASSERT_TRUE(line(1).stationOpen());
+    ASSERT_TRUE(line(1).dtrHigh());
     ui().answerFontDialog("DejaVu Sans Mono", 9);
     ui().onModal("Configform", [](Form& f) {
         auto& c = static_cast<Configform&>(f);

@@ -46,9 +46,19 @@ bool CartoonShowsMarks(const CartoonForm& c)
 std::vector<Shot> AllShots()
 {
     return {
-        {"main-window", ShootMainWindow},      {"title-screen", ShootTitleScreen},
-        {"press-window", ShootPressWindow},    {"test-window-pass", ShootTestPassed},
+        {"main-window", ShootMainWindow},
+        {"title-screen", ShootTitleScreen},
+        {"press-window", ShootPressWindow},
+        {"test-window-pass", ShootTestPassed},
         {"test-window-fail", ShootTestFailed},
+        {"employee-editor", ShootModForm},
+        {"change-all-limits", ShootLimitsForm},
+        {"leave-window", ShootSickForm},
+        {"leave-summary", ShootLeaveSummary},
+        {"general-configuration", ShootConfigform},
+        {"selection-configuration", ShootSelConfigForm},
+        {"reader-configuration", ShootConFigReaderForm},
+        {"directories", ShootDirForm},
     };
 }
 

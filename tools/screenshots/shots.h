@@ -61,5 +61,13 @@ bool ShootTitleScreen(ShotContext& ctx, const QString& file);
 bool ShootPressWindow(ShotContext& ctx, const QString& file);
 bool ShootTestPassed(ShotContext& ctx, const QString& file);
 bool ShootTestFailed(ShotContext& ctx, const QString& file);
+bool ShootModForm(ShotContext& ctx, const QString& file);
+bool ShootLimitsForm(ShotContext& ctx, const QString& file);
+bool ShootSickForm(ShotContext& ctx, const QString& file);
+bool ShootLeaveSummary(ShotContext& ctx, const QString& file);
+bool ShootConfigform(ShotContext& ctx, const QString& file);
+bool ShootSelConfigForm(ShotContext& ctx, const QString& file);
+bool ShootConFigReaderForm(ShotContext& ctx, const QString& file);
+bool ShootDirForm(ShotContext& ctx, const QString& file);
 
 } // namespace zandolt::screenshots
