@@ -10,8 +10,6 @@ namespace zandolt::testing {
 namespace {
 
 const std::string A372(372, 'A');
-// The fields after the ID of an untouched scenario employee, from the limits on.
-const std::string Rest = "-1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " + A372;
 
 class EmployeeEditor : public ScenarioTest
 {
@@ -156,6 +154,27 @@ TEST_F(EmployeeEditor, AFullTableLosesItsLastRowToAppendAndInsert)
     EXPECT_EQ(lines[2].substr(0, 6), "First,");
     EXPECT_EQ(lines[3].substr(0, 3), "E0,");
     EXPECT_EQ(lines[5001].substr(0, 6), "E4998,"); // "New" in row 4999 was pushed out
+}
+
+TEST_F(EmployeeEditor, ARenewedCertificateStartsANewWarningSequence)
+{
+    // Two rows whose expiry warning has counted down to 5 days.
+    std::string text = "# 1\r\n# 2\r\n";
+    for (const Employee& e : {Employee{"Ash", "Al", "1"}, Employee{"Bay", "Bo", "2"}}) {
+        std::string line = NamesLine(e);
+        line.replace(line.size() - 8, 8, ", 5, , 0"); // the warning field, 0 in the scenario's line
+        text += line + "\r\n";
+    }
+    write("NAMES.TXT", text);
+    startStation();
+    app_->nameForm().mnuName.userClick();
+    form().ModifyBut.userClick(); // the same expiry date: the countdown goes on
+    EXPECT_EQ(app_->CertWarning[0], 5);
+    form().NextBut.userClick();
+    form().CertificationDateText.userEdit("6/30/31"); // two-digit year: 2031
+    form().ModifyBut.userClick();
+    EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(79, 42), "E, 01/05/2026, 01/05/2026, 1, 06/30/2031, ");
+    EXPECT_EQ(app_->CertWarning[1], 0);
 }
 
 TEST_F(EmployeeEditor, LeavingARowAsksOnlyWhenSomethingButTheDatesChanged)
