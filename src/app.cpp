@@ -15,6 +15,9 @@ App::~App()
                        &titleForm_, &printerCheckForm_})
         if (*slot)
             (*slot)->discard();
+    for (auto* slot : {&dispForm_, &helpForm_, &individualEmployeeSelectionForm_})
+        if (*slot)
+            (*slot)->discard();
 }
 
 } // namespace zandolt

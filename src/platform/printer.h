@@ -22,6 +22,15 @@ public:
     // Ends a document with nothing printed, as a check that the printer answers.
     virtual bool killDoc() = 0;
     virtual bool setFont(const std::string& name, double size) = 0;
+    // The font the next document uses.
+    virtual std::string fontName() { return {}; }
+    virtual double fontSize() { return 0; }
+    // One part of the font at a time; false when the printer refuses it and keeps what it had.
+    bool setFontName(const std::string& name) { return setFont(name, fontSize()); }
+    bool setFontSize(double size) { return setFont(fontName(), size); }
+    // The printer dialog: the number of copies the user asked for, 0 when the dialog was cancelled.
+    // A printer chosen there takes the place of the default one for the documents that follow.
+    virtual int printDialog() { return 1; }
     virtual bool setLandscape(bool landscape) = 0;
     // One line of the current document; the first line starts the document.
     virtual bool printLine(const std::string& line) = 0;

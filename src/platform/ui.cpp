@@ -35,6 +35,8 @@ void Control::resetProperties()
     passwordChar_ = 0;
     multiLine_ = false;
     locked_ = false;
+    scrollBars_ = 0;
+    selText_.clear();
     items_.clear();
     listIndex_ = -1;
     style_ = 0;
@@ -126,6 +128,10 @@ void Control::setLocked(bool l)
 {
     ZANDOLT_SETTER(locked_, l, Prop::Locked)
 }
+void Control::setScrollBars(int s)
+{
+    ZANDOLT_SETTER(scrollBars_, s, Prop::Style)
+}
 void Control::setStyle(int s)
 {
     ZANDOLT_SETTER(style_, s, Prop::Style)
@@ -152,6 +158,7 @@ void Control::setText(const std::string& t)
     if (t == text_)
         return;
     text_ = t;
+    selText_.clear();
     changed(Prop::Text);
     fire(Change);
 }

@@ -175,6 +175,12 @@ public:
     void setMultiLine(bool m);
     bool locked() const { return locked_; }
     void setLocked(bool l);
+    // Multi-line TextBox: 0 no scroll bars, 1 horizontal, 2 vertical, 3 both. With a horizontal bar
+    // the lines do not wrap, so that the columns of a report stay aligned.
+    int scrollBars() const { return scrollBars_; }
+    void setScrollBars(int s);
+    // TextBox: the text the user has selected, empty when none. A new text clears it.
+    const std::string& selText() const { return selText_; }
 
     // ListBox and ComboBox. Setting ListIndex to another row fires Click.
     const std::vector<std::string>& items() const { return items_; }
@@ -242,6 +248,8 @@ public:
     void userMouseUp(MouseButton button = MouseButton::Left);
     void userSelect(int index);
     void userEdit(const std::string& newText);
+    // The user selects a part of a TextBox's text (empty: takes the selection away).
+    void userSelectText(const std::string& selected) { selText_ = selected; }
     // A key pressed on this control: KeyDown (the form's first when it previews keys), then KeyPress
     // for a character. Returns the character left after the handlers, 0 when one swallowed it, so
     // that the widget knows whether to act on it.
@@ -275,6 +283,8 @@ private:
     char passwordChar_ = 0;
     bool multiLine_ = false;
     bool locked_ = false;
+    int scrollBars_ = 0;
+    std::string selText_;
     std::vector<std::string> items_;
     int listIndex_ = -1;
     int style_ = 0;
@@ -506,6 +516,10 @@ public:
     // A modal input box. Returns the text, or "" when it was cancelled.
     virtual std::string inputBox(const std::string& prompt, const std::string& title,
                                  const std::string& defaultText) = 0;
+    // The desktop's font dialog, offering fixed-pitch fonts, seeded with a font name and a size in
+    // points. True with the chosen font in name and size; false when it was cancelled, failed, or
+    // the backend has no such dialog.
+    virtual bool fontDialog(std::string& /*name*/, float& /*size*/) { return false; }
     virtual void beep() = 0;
     virtual void setBusy(bool busy) = 0;
     // Lets pending events run: timers that are due, serial data that arrived, user input.

@@ -62,6 +62,7 @@ protected:
 
 private:
     void wireMenus();
+    void wireReportMenus();
     void Timer2_Timer();
     void PasswordExpirationTimer_Timer();
     void SendResultsTimer_Timer();

@@ -53,6 +53,14 @@ std::vector<Shot> AllShots()
         {"test-window-fail", ShootTestFailed},
         {"unknown-id-window", ShootUnknownIdWindow},
         {"certification-window", ShootCertificationWindow},
+        {"employee-editor", ShootModForm},
+        {"change-all-limits", ShootLimitsForm},
+        {"leave-window", ShootSickForm},
+        {"leave-summary", ShootLeaveSummary},
+        {"general-configuration", ShootConfigform},
+        {"selection-configuration", ShootSelConfigForm},
+        {"reader-configuration", ShootConFigReaderForm},
+        {"directories", ShootDirForm},
     };
 }
 

@@ -61,7 +61,19 @@ bool ShootTitleScreen(ShotContext& ctx, const QString& file);
 bool ShootPressWindow(ShotContext& ctx, const QString& file);
 bool ShootTestPassed(ShotContext& ctx, const QString& file);
 bool ShootTestFailed(ShotContext& ctx, const QString& file);
+// Starts the station, shows the window without modality (after `fill`, when given), saves its
+// picture and closes it again.
+bool ShowAndSave(ShotContext& ctx, Form& form, const QString& file, const std::function<void()>& fill = {});
+
 bool ShootUnknownIdWindow(ShotContext& ctx, const QString& file);
 bool ShootCertificationWindow(ShotContext& ctx, const QString& file);
+bool ShootModForm(ShotContext& ctx, const QString& file);
+bool ShootLimitsForm(ShotContext& ctx, const QString& file);
+bool ShootSickForm(ShotContext& ctx, const QString& file);
+bool ShootLeaveSummary(ShotContext& ctx, const QString& file);
+bool ShootConfigform(ShotContext& ctx, const QString& file);
+bool ShootSelConfigForm(ShotContext& ctx, const QString& file);
+bool ShootConFigReaderForm(ShotContext& ctx, const QString& file);
+bool ShootDirForm(ShotContext& ctx, const QString& file);
 
 } // namespace zandolt::screenshots

@@ -21,9 +21,11 @@ bool CapturedPrinter::killDoc()
 
 bool CapturedPrinter::setFont(const std::string& name, double size)
 {
+    if (!answers || name.empty() || name == missingFont || size <= 0)
+        return false;
     fontName_ = name;
     fontSize_ = size;
-    return answers;
+    return true;
 }
 
 bool CapturedPrinter::setLandscape(bool landscape)

@@ -23,6 +23,13 @@ public:
     bool identity(PrinterIdentity& out) override;
     bool killDoc() override;
     bool setFont(const std::string& name, double size) override;
+    std::string fontName() override { return fontName_; }
+    double fontSize() override { return fontSize_; }
+    int printDialog() override
+    {
+        ++dialogs;
+        return dialogCopies;
+    }
     bool setLandscape(bool landscape) override;
     bool printLine(const std::string& line) override;
     bool endDoc() override;
@@ -31,6 +38,11 @@ public:
     PrinterIdentity present{"Headless Printer", "headless", "LPT1:", 15840};
     bool answers = true;
     bool failPrint = false;
+    // A font name the printer does not have; sizes of 0 and below are refused too.
+    std::string missingFont;
+    // What the printer dialog answers (0: Cancel), and how often it was shown.
+    int dialogCopies = 1;
+    int dialogs = 0;
 
     // Ended documents, and the one in progress last if there is one.
     const std::vector<PrintedDocument>& documents() const { return documents_; }

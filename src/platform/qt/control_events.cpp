@@ -17,6 +17,8 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTextCursor>
+#include <QTextDocumentFragment>
 
 namespace zandolt::qt {
 
@@ -104,6 +106,10 @@ void ControlView::connectSignals()
         QObject::connect(plain, &QPlainTextEdit::textChanged, this, [this, &c, plain] {
             if (!disposed_ && !syncing_)
                 forward([&c, t = MultiLineFromQt(plain->toPlainText())] { c.userEdit(t); }, Prop::Text);
+        });
+        QObject::connect(plain, &QPlainTextEdit::selectionChanged, this, [this, &c, plain] {
+            if (!disposed_)
+                c.userSelectText(MultiLineFromQt(plain->textCursor().selection().toPlainText()));
         });
     } else if (auto* bar = qobject_cast<QScrollBar*>(widget_)) {
         QObject::connect(bar, &QScrollBar::valueChanged, this, [this, &c](int value) {

@@ -284,6 +284,11 @@ void ControlView::apply(Prop prop)
     case Prop::Style:
         if (control_.kind() == ControlKind::TextBox && control_.multiLine() != multiLineWidget_) {
             rebuild();
+        } else if (auto* t = qobject_cast<QPlainTextEdit*>(widget_)) {
+            const int bars = control_.scrollBars();
+            t->setLineWrapMode(bars & 1 ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+            t->setHorizontalScrollBarPolicy(bars & 1 ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+            t->setVerticalScrollBarPolicy(bars & 2 ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
         } else if (auto* c = qobject_cast<QComboBox*>(widget_)) {
             const bool editable = control_.style() != 2;
             if (c->isEditable() != editable) {

@@ -4,8 +4,10 @@
 #include "platform/qt/qt_text.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QPainter>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 
@@ -13,15 +15,48 @@
 
 namespace zandolt::qt {
 
-bool QtPrinter::hasDefaultPrinter()
+QPrinterInfo QtPrinter::target() const
 {
-    return !QPrinterInfo::defaultPrinter().isNull();
+    if (!chosenPrinter_.isEmpty()) {
+        const QPrinterInfo chosen = QPrinterInfo::printerInfo(chosenPrinter_);
+        if (!chosen.isNull())
+            return chosen;
+    }
+    return QPrinterInfo::defaultPrinter();
+}
+
+bool FontNameAccepted(const std::string& name)
+{
+    if (name.empty())
+        return false;
+    const QString family = QString::fromStdString(name);
+    if (QFontDatabase::hasFamily(family))
+        return true;
+    const QString lower = family.toLower();
+    for (const char* kind :
+         {"courier", "mono", "fixedsys", "terminal", "times", "roman", "arial", "helvetica", "sans serif", "ms serif"})
+        if (lower.contains(QLatin1String(kind)))
+            return true;
+    return false;
+}
+
+int QtPrinter::printDialog()
+{
+    const QPrinterInfo info = target();
+    QPrinter printer(info, QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+    if (dialog.exec() != QDialog::Accepted)
+        return 0;
+    chosenPrinter_ = printer.printerName();
+    return std::max(1, printer.copyCount());
 }
 
 bool QtPrinter::identity(PrinterIdentity& out)
 {
     out = PrinterIdentity{};
-    const QPrinterInfo info = QPrinterInfo::defaultPrinter();
+    const QPrinterInfo info = target();
     if (info.isNull())
         return false;
     out.deviceName = info.printerName().toStdString();
@@ -38,11 +73,13 @@ bool QtPrinter::identity(PrinterIdentity& out)
 bool QtPrinter::killDoc()
 {
     lines_.clear();
-    return hasDefaultPrinter();
+    return hasTarget();
 }
 
 bool QtPrinter::setFont(const std::string& name, double size)
 {
+    if (!FontNameAccepted(name) || !(size > 0 && size <= 500))
+        return false;
     fontName_ = name;
     fontSize_ = size;
     return true;
@@ -56,7 +93,7 @@ bool QtPrinter::setLandscape(bool landscape)
 
 bool QtPrinter::printLine(const std::string& line)
 {
-    if (!hasDefaultPrinter())
+    if (!hasTarget())
         return false;
     lines_.push_back(line);
     return true;
@@ -66,7 +103,7 @@ bool QtPrinter::endDoc()
 {
     std::vector<std::string> lines;
     lines.swap(lines_);
-    const QPrinterInfo info = QPrinterInfo::defaultPrinter();
+    const QPrinterInfo info = target();
     if (info.isNull())
         return false;
     QPrinter printer(info, QPrinter::HighResolution);

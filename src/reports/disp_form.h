@@ -1,0 +1,39 @@
+// The one viewer of reports, logs and help texts: the text in a fixed-pitch font, printing of the
+// whole text or of a selection, and the site's batch file for the report on view.
+#pragma once
+
+#include "platform/ui.h"
+
+namespace zandolt {
+
+class App;
+
+class DispForm : public Form
+{
+public:
+    explicit DispForm(App& app);
+
+    TextBox TextBox1;
+    CommandButton PrintBut;
+    CommandButton PrintViaMacroBut;
+    CommandButton CloseBut;
+
+    // Shows the print-via-macro button only when the report on view has a batch file and the
+    // program directory holds it.
+    void ShowMacroButton();
+
+protected:
+    void design() override;
+    void wire() override;
+    void Form_Load() override;
+    void Form_Resize() override;
+    void Form_Unload(int& cancel) override;
+
+private:
+    void PrintBut_Click();
+    void PrintViaMacroBut_Click();
+
+    App& app_;
+};
+
+} // namespace zandolt

@@ -1,0 +1,257 @@
+#include "reports/report_frame.h"
+
+#include "admin/passwords.h"
+#include "app.h"
+#include "data/dates.h"
+#include "data/names_file.h"
+#include "reports/disp_form.h"
+#include "reports/report_printing.h"
+#include "reports/report_prompts.h"
+
+namespace zandolt {
+
+namespace report_kinds {
+const ReportKind Monthly{DateStep::Month,
+                         true,
+                         true,
+                         TimeWindow::None,
+                         &Settings::ReportTxtPath,
+                         "ISO-9000 ESD Protection Monthly Test Report",
+                         false,
+                         "Report.bat",
+                         false,
+                         true};
+const ReportKind Daily{DateStep::Day,
+                       true,
+                       false,
+                       TimeWindow::Daily,
+                       &Settings::DailyTxtPath,
+                       "ISO-9000 ESD Protection Daily Log Report   ",
+                       true,
+                       "LogRep.bat",
+                       true};
+const ReportKind Individual{DateStep::StartAndStop,
+                            false,
+                            true,
+                            TimeWindow::None,
+                            &Settings::IndivTxtPath,
+                            "ISO-9000 ESD Protection Individual Log Report   ",
+                            true,
+                            "Indiv.bat",
+                            true};
+const ReportKind Exceptions{DateStep::Day,
+                            true,
+                            true,
+                            TimeWindow::Exception,
+                            &Settings::ExceptTxtPath,
+                            "ISO-9000 ESD Protection Exceptions Test Report",
+                            false,
+                            "Except.bat"};
+const ReportKind ExceptionsNotTestedTwice{DateStep::None,
+                                          true,
+                                          true,
+                                          TimeWindow::Exception,
+                                          &Settings::ExceptTxtPath,
+                                          "ISO-9000 ESD Protection Exceptions Test Report",
+                                          false,
+                                          "Except.bat",
+                                          false,
+                                          false,
+                                          true};
+const ReportKind Certification{DateStep::Day,
+                               true,
+                               true,
+                               TimeWindow::None,
+                               &Settings::CertifTxtPath,
+                               "ISO-9000 ESD Protection Certification Expiration Report",
+                               false,
+                               "Certif.bat"};
+const ReportKind Vacation{DateStep::Month,
+                          true,
+                          true,
+                          TimeWindow::None,
+                          &Settings::VacationTxtPath,
+                          "ISO-9000 ESD Protection Monthly Vacation",
+                          false,
+                          "Vacation.bat"};
+const ReportKind Attendance{
+    DateStep::None, false,       true, TimeWindow::None, &Settings::AttendTxtPath, "ISO-9000 ESD Attendance Report   ",
+    true,           "Attend.bat"};
+} // namespace report_kinds
+
+const char* const LogColumnsHeading =
+    "LastName, FirstName, ID#, Date, Time, WristStat, LeftStat, RightStat, WristMegs, LeftMegs, RightMegs\r\n"
+    "          Stat key: ok=in range, hi=resistance too high, lo=resistance too low, -=not used\r\n";
+
+namespace {
+
+constexpr std::int64_t ViewerSizeLimit = 32000;
+
+// The prompts of the kind in their order; false when one of them was cancelled.
+bool AskParameters(App& app, const ReportKind& kind)
+{
+    if (kind.timeWindow == TimeWindow::Exception) {
+        app.ExceptionStartTime = StartOfDay;
+        app.ExceptionStopTime = EndOfDay;
+    } else if (kind.timeWindow == TimeWindow::Daily) {
+        app.DailyStartTime = StartOfDay;
+        app.DailyStopTime = EndOfDay;
+    }
+    switch (kind.dateStep) {
+    case DateStep::Month:
+        GetReportMonth(app);
+        if (app.ReportMonth == 0)
+            return false;
+        break;
+    case DateStep::Day:
+        GetReportDate(app);
+        if (app.ReportDate == 0)
+            return false;
+        break;
+    case DateStep::StartAndStop:
+        GetReportStartDate(app);
+        if (app.ReportStartDate == 0)
+            return false;
+        GetReportStopDate(app);
+        if (app.ReportStopDate == 0)
+            return false;
+        break;
+    case DateStep::None:
+        break;
+    }
+    if (kind.today)
+        app.ReportDate = TodayDate(app.clock.now());
+    if (kind.workGroupStep) {
+        GetReportWorkGroup(app);
+        if (app.ReportWorkGroup.empty())
+            return false;
+        if (app.ReportWorkGroup == " ")
+            app.ReportWorkGroup.clear();
+    }
+    app.ReportEmployeeIndex = -1;
+    if (!kind.employeeStep)
+        return true;
+    // A work group asked for chooses its employees itself.
+    if (kind.workGroupStep && !app.ReportWorkGroup.empty()) {
+        app.ReportEmployeeName.clear();
+        return true;
+    }
+    GetIndividualName(app);
+    if (app.ReportEmployeeName.empty())
+        return false;
+    if (app.ReportEmployeeName == " ")
+        app.ReportEmployeeName.clear();
+    return true;
+}
+
+void ShowReport(App& app, const ReportKind& kind)
+{
+    ViewerRequest request;
+    request.path = app.*kind.textPath;
+    request.title = kind.stamp ? StampedTitle(app, kind.title) : kind.title;
+    request.hook = kind.hook;
+    if (kind.logHeading)
+        request.heading = std::string(LogColumnsHeading) + "\r\n";
+    request.viewerFontSize = app.PrinterFontSize;
+    request.printerFontSize = app.PrinterFontSize;
+    request.landscape = kind.landscape;
+    ShowInViewer(app, request);
+}
+
+} // namespace
+
+std::string StampedTitle(App& app, const std::string& literal)
+{
+    return literal + app.CompanyName + " as of " + DateTimeStamp(app);
+}
+
+void ReportHandler(App& app, const ReportKind& kind, const ReportGenerator& generate)
+{
+    if (!CheckPassWord(app))
+        return;
+    ReloadNamesIfChanged(app);
+    if (!AskParameters(app, kind))
+        return;
+    // A generator that failed has said so; the viewer then shows what the file holds, perhaps an
+    // older report.
+    generate(app);
+    ShowReport(app, kind);
+}
+
+void PrintReportHandler(App& app, const ReportGenerator& generateMonthly)
+{
+    if (!CheckPassWord(app))
+        return;
+    ReloadNamesIfChanged(app);
+    if (!AskParameters(app, report_kinds::Monthly))
+        return;
+    generateMonthly(app);
+    PrintMonthlyReport(app);
+}
+
+void AttendanceHandler(App& app, const ReportGenerator& generate)
+{
+    if (!CheckPassWord(app))
+        return;
+    ReloadNamesIfChanged(app);
+    app.ReportEmployeeIndex = -1;
+    GetIndividualName(app, false);
+    if (app.ReportEmployeeName.empty() || app.ReportEmployeeName == " ")
+        return;
+    generate(app);
+    if (app.ReportMonth == 0)
+        return;
+    ShowReport(app, report_kinds::Attendance);
+}
+
+std::string AltViewerProgram(const std::string& altViewerPath)
+{
+    const bool windowsPath =
+        altViewerPath.size() >= 2 && altViewerPath[1] == ':' &&
+        ((altViewerPath[0] >= 'A' && altViewerPath[0] <= 'Z') || (altViewerPath[0] >= 'a' && altViewerPath[0] <= 'z'));
+    return altViewerPath.empty() || windowsPath ? "xdg-open" : altViewerPath;
+}
+
+bool StartAltViewer(App& app, const std::string& path)
+{
+    const std::string program = AltViewerProgram(app.AltViewerPath);
+    // A program named by its path must be there; a bare name is looked up by the shell.
+    const bool present = program.find('/') == std::string::npos || app.files.exists(program);
+    if (present && app.programs.run(QuoteForShell(program) + " " + QuoteForShell(path), ""))
+        return true;
+    app.ui.msgBox(" Could not find " + app.AltViewerPath +
+                      ". Please check the path of the alternate viewer in the Setup General Configuration window.",
+                  msgbox::OKOnly, "");
+    return false;
+}
+
+void ShowInViewer(App& app, const ViewerRequest& request)
+{
+    app.ReportMacroName = request.hook;
+    DispForm& f = app.dispForm();
+    f.Show();
+    f.ShowMacroButton();
+    f.setCaption(request.title);
+    f.TextBox1.setFontName(app.PrinterFontName);
+    f.TextBox1.setFontSize(request.viewerFontSize);
+    app.printer.setFontSize(request.printerFontSize);
+    if (request.landscape)
+        app.printer.setLandscape(true);
+
+    std::string text;
+    if (app.files.readAll(request.path, text) != FileResult::Ok) {
+        f.TextBox1.setText("");
+        if (app.ui.msgBox(" Error opening " + request.path + " . The file may be too large. Open it with the viewer?",
+                          msgbox::OKCancel, "") == msgbox::OK)
+            StartAltViewer(app, request.path);
+        return;
+    }
+    const auto length = static_cast<std::int64_t>(text.size());
+    f.TextBox1.setText(request.heading + text);
+    if (request.sizeRule && length > ViewerSizeLimit) {
+        StartAltViewer(app, request.path);
+        f.Unload();
+    }
+}
+
+} // namespace zandolt

@@ -1,0 +1,305 @@
+// The Reports menu around its generators: the prompts and their cancels, the employee chooser, the
+// viewer with its title, heading and size rule, and what reaches the printer.
+#include "data/dates.h"
+#include "reports/disp_form.h"
+#include "reports/individual_employee_selection_form.h"
+#include "reports/report_frame.h"
+#include "reports/report_printing.h"
+#include "reports/report_prompts.h"
+#include "support/scenario.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt::testing {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class ReportFrame : public ScenarioTest
+{
+protected:
+    ReportFrame()
+    {
+        writeSettings([this](Settings& s) {
+            s.CompanyName = "Acme";
+            s.PrinterFontSize = 9;
+            s.LogDir = s.ReportTxtDir = s.ReportCsvDir = dir_.path() + "/";
+        });
+        writeEmployees({{"Zeta", "Al", "B-7"}, {"adams", "Bo", "A-1"}, {"Baker", "Cy", "A-2"}});
+        startStation();
+        ui().clearRecords();
+    }
+
+    // Stands in for a generator: notes the parameters it saw and writes a two-line report.
+    ReportGenerator generator(const std::string& file)
+    {
+        return [this, file](App& a) {
+            seen.push_back(std::to_string(a.ReportMonth) + "|" + std::to_string(a.ReportDate) + "|" +
+                           a.ReportWorkGroup + "|" + a.ReportEmployeeName + "|" +
+                           std::to_string(a.ReportEmployeeIndex));
+            write(file, "line 1\r\nline 2\r\n");
+            return true;
+        };
+    }
+    DispForm& viewer() { return app_->dispForm(); }
+    headless::CapturedPrinter& printer() { return backend_->printer; }
+    // The lines of the printed documents, one text per document.
+    Lines printed()
+    {
+        Lines docs;
+        for (const auto& d : printer().documents()) {
+            std::string text;
+            for (const auto& l : d.lines)
+                text += l + "|";
+            docs.push_back(text);
+        }
+        return docs;
+    }
+    // The chooser picks the entry at this position of its sorted list and presses OK.
+    void chooseEntry(int entry)
+    {
+        ui().onModal("IndividualEmployeeSelectionForm", [this, entry](Form&) {
+            auto& f = app_->individualEmployeeSelectionForm();
+            chooserItems = f.EmployeeSelectionCombo.items();
+            f.EmployeeSelectionCombo.userSelect(entry);
+            f.OKBut.userClick();
+        });
+    }
+
+    Lines seen;
+    Lines chooserItems;
+};
+
+TEST_F(ReportFrame, TypedDatesAreRepairedForDayFirstDesktopsAndMovedACenturyOn)
+{
+    // A desktop that reads back December from its own form of 12 October writes the day first.
+    EXPECT_EQ(RepairReportDate(DateSerial(2026, 3, 4), 12, 2026), DateSerial(2026, 4, 3));
+    EXPECT_EQ(RepairReportDate(DateSerial(2026, 3, 13), 12, 2026), DateSerial(2026, 3, 13));
+    EXPECT_EQ(RepairReportDate(DateSerial(2026, 3, 4), 10, 2026), DateSerial(2026, 3, 4));
+    // 1995 lies 31 years back, 1996 just 30.
+    EXPECT_EQ(RepairReportDate(DateSerial(1995, 5, 6), 10, 2026), DateSerial(2095, 5, 6));
+    EXPECT_EQ(RepairReportDate(DateSerial(1996, 5, 6), 10, 2026), DateSerial(1996, 5, 6));
+}
+
+TEST_F(ReportFrame, DatePromptsOfferTodayAndEndQuietlyOrWithIllegalDate)
+{
+    ui().answerInputBox("date of the day", "1/2/30");
+    ui().answerInputBox("work group", "A");
+    ReportHandler(*app_, report_kinds::Certification, generator("CERTIF.TXT"));
+    // 30 reads as 1930, more than 30 years back: 2 January 2030.
+    ASSERT_EQ(seen, Lines{"0|" + std::to_string(DateSerial(2030, 1, 2)) + "|A||-1"});
+    EXPECT_EQ(ui().journal().front(), "input Please enter the date of the day to generate a report for ");
+
+    ui().answerInputBox("starting date", "no date");
+    ReportHandler(*app_, report_kinds::Individual, generator("INDIV.TXT"));
+    EXPECT_EQ(ui().messages().back().prompt, "Illegal date");
+    EXPECT_EQ(app_->ReportStartDate, 0);
+
+    ui().answerInputBox("starting date", "11/1/2026");
+    ui().answerInputBox("stopping date", "");
+    ReportHandler(*app_, report_kinds::Individual, generator("INDIV.TXT"));
+    EXPECT_EQ(app_->ReportStopDate, 0);
+    EXPECT_EQ(seen.size(), 1u);
+}
+
+TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
+{
+    // Month 13 passes the prompt; an emptied work-group box cancels; a text without a number is 0.
+    ui().answerInputBox("month number", "13");
+    ui().answerInputBox("work group", "");
+    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
+    ui().answerInputBox("month number", "abc");
+    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
+    EXPECT_TRUE(seen.empty());
+    EXPECT_EQ(app_->ReportMonth, 0);
+
+    // A work group never shows the chooser; the blank shows it, sorted without regard to case.
+    ui().answerInputBox("month number", "12.6");
+    ui().answerInputBox("work group", "A");
+    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
+    ui().answerInputBox("month number", "3");
+    ui().answerInputBox("work group", " ");
+    chooseEntry(1);
+    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
+    EXPECT_EQ(chooserItems, (Lines{"adams, Bo", "Baker, Cy", "Zeta, Al"}));
+    EXPECT_EQ(seen, (Lines{"13|0|A||-1", "3|0||Baker, Cy|2"}));
+    EXPECT_EQ(ui().modals().size(), 1u);
+
+    // OK with nothing chosen means all; Cancel ends the report.
+    ui().answerInputBox("month number", "3");
+    ui().answerInputBox("work group", " ");
+    ui().onModal("IndividualEmployeeSelectionForm",
+                 [this](Form&) { app_->individualEmployeeSelectionForm().OKBut.userClick(); });
+    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
+    ui().answerInputBox("month number", "3");
+    ui().answerInputBox("work group", " ");
+    ui().onModal("IndividualEmployeeSelectionForm",
+                 [this](Form&) { app_->individualEmployeeSelectionForm().CancelBut.userClick(); });
+    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
+    EXPECT_EQ(seen.size(), 3u);
+    EXPECT_EQ(seen.back(), "3|0|||-1");
+}
+
+TEST_F(ReportFrame, TheViewerShowsTheReportUnderItsTitleAndHeadingInTheReportFont)
+{
+    write("Report.bat", "echo\r\n");
+    ui().answerInputBox("month number", "11");
+    ui().answerInputBox("work group", "A");
+    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
+    ASSERT_TRUE(viewer().visible());
+    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Monthly Test Report");
+    EXPECT_EQ(viewer().TextBox1.text(), "line 1\r\nline 2\r\n");
+    EXPECT_EQ(viewer().TextBox1.fontName(), "Courier");
+    EXPECT_EQ(viewer().TextBox1.fontSize(), 9);
+    EXPECT_TRUE(viewer().PrintViaMacroBut.visible());
+    viewer().PrintViaMacroBut.userClick();
+    ASSERT_EQ(backend_->programs.runs.size(), 1u);
+    EXPECT_EQ(backend_->programs.runs[0].commandLine, "sh '" + path("Report.bat") + "'");
+
+    // The daily log reuses the window, with the stamp and the column heading, and has no batch file here.
+    backend_->clock.setNow({2026, 11, 22, 14, 5, 9});
+    ui().answerInputBox("date of the day", "11/20/2026");
+    ui().answerInputBox("work group", "A");
+    ReportHandler(*app_, report_kinds::Daily, generator("DAILY.TXT"));
+    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Daily Log Report   Acme as of 11/22/2026 2:05:09 PM");
+    EXPECT_EQ(viewer().TextBox1.text(),
+              "LastName, FirstName, ID#, Date, Time, WristStat, LeftStat, RightStat, WristMegs, LeftMegs, RightMegs\r\n"
+              "          Stat key: ok=in range, hi=resistance too high, lo=resistance too low, -=not used\r\n"
+              "\r\n"
+              "line 1\r\nline 2\r\n");
+    EXPECT_FALSE(viewer().PrintViaMacroBut.visible());
+    viewer().CloseBut.userClick();
+    EXPECT_FALSE(viewer().loaded());
+    EXPECT_EQ(app_->ReportMacroName, "");
+}
+
+TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewer)
+{
+    const auto show = [this] {
+        ViewerRequest r;
+        r.path = path("BIG.TXT");
+        r.title = "Big";
+        ShowInViewer(*app_, r);
+    };
+    write("BIG.TXT", std::string(32000, 'x'));
+    show();
+    EXPECT_TRUE(viewer().visible());
+    EXPECT_TRUE(backend_->programs.runs.empty());
+
+    // The old platform's default viewer stands for the desktop's opener.
+    write("BIG.TXT", std::string(32001, 'x'));
+    show();
+    EXPECT_FALSE(viewer().loaded());
+    ASSERT_EQ(backend_->programs.runs.size(), 1u);
+    EXPECT_EQ(backend_->programs.runs[0].commandLine, "'xdg-open' '" + path("BIG.TXT") + "'");
+
+    // A file that cannot be read asks; a viewer named by a path that is not there says so.
+    app_->AltViewerPath = "/opt/none/viewer";
+    ui().answerMsgBox("Error opening", msgbox::OK);
+    remove(path("BIG.TXT").c_str());
+    show();
+    EXPECT_EQ(ui().messages().at(0).prompt,
+              " Error opening " + path("BIG.TXT") + " . The file may be too large. Open it with the viewer?");
+    EXPECT_EQ(ui().messages().at(1).prompt, " Could not find /opt/none/viewer. Please check the path of the alternate "
+                                            "viewer in the Setup General Configuration window.");
+    EXPECT_EQ(backend_->programs.runs.size(), 1u);
+    EXPECT_TRUE(viewer().visible());
+}
+
+TEST_F(ReportFrame, PrintingFromTheViewerPrintsTheSelectionUnderTheCaptionPerCopy)
+{
+    write("REPORT.TXT", "a\r\nb\r\nc\r\n");
+    ViewerRequest r;
+    r.path = path("REPORT.TXT");
+    r.title = "T";
+    ShowInViewer(*app_, r);
+    printer().dialogCopies = 0;
+    viewer().PrintBut.userClick();
+    EXPECT_TRUE(printer().documents().empty());
+    EXPECT_EQ(ui().messages().back().prompt,
+              "To only print a portion of this file, select the portion to be printed and click the Print button.");
+
+    printer().dialogCopies = 2;
+    viewer().TextBox1.userSelectText("b\r\nc");
+    const size_t messages = ui().messages().size();
+    viewer().PrintBut.userClick();
+    EXPECT_EQ(ui().messages().size(), messages);
+    EXPECT_EQ(printed(), (Lines{"||T||b|c||", "||T||b|c||"}));
+}
+
+TEST_F(ReportFrame, PrintReportFilePrintsTheReportInLandscapeAndSaysWhatFailed)
+{
+    write("REPORT.TXT", "first\r\nsecond\r\n");
+    PrintReportFile(*app_);
+    ASSERT_EQ(printed(), Lines{"first|second|"});
+    EXPECT_TRUE(printer().documents()[0].landscape);
+    EXPECT_EQ(printer().documents()[0].fontName, "Courier");
+    EXPECT_EQ(printer().documents()[0].fontSize, 9);
+    EXPECT_TRUE(ui().messages().empty());
+
+    // A refused font name is said and the printing goes on in the present font.
+    app_->PrinterFontName = printer().missingFont = "Fancy";
+    PrintReportFile(*app_);
+    EXPECT_EQ(printed().size(), 2u);
+    EXPECT_EQ(printer().documents()[1].fontName, "Courier");
+    EXPECT_EQ(ui().messages().back().prompt, "Fancy not accepted as a printer font name.  Click Setup "
+                                             "GeneralConfiguration and try Courier or Courier New");
+    // A refused size ends it; so does a missing file.
+    app_->PrinterFontSize = 0;
+    PrintReportFile(*app_);
+    EXPECT_EQ(ui().messages().back().prompt, "0 not accepted as a font size");
+    app_->PrinterFontSize = 9;
+    remove(path("REPORT.TXT").c_str());
+    PrintReportFile(*app_);
+    EXPECT_EQ(ui().messages().back().prompt, " Error opening report file to print it");
+    EXPECT_EQ(printed().size(), 2u);
+    EXPECT_FALSE(ui().busy());
+}
+
+TEST_F(ReportFrame, PrintMonthlyPrintsOneReportPerCopyOrSaysCancel)
+{
+    ui().answerInputBox("month number", "11");
+    ui().answerInputBox("work group", "A");
+    printer().dialogCopies = 2;
+    PrintReportHandler(*app_, generator("REPORT.TXT"));
+    EXPECT_EQ(printed(), (Lines{"line 1|line 2|", "line 1|line 2|"}));
+    EXPECT_FALSE(viewer().loaded());
+
+    ui().answerInputBox("month number", "11");
+    ui().answerInputBox("work group", "A");
+    printer().dialogCopies = 0;
+    PrintReportHandler(*app_, generator("REPORT.TXT"));
+    EXPECT_EQ(ui().messages().back().prompt, " Cancel pressed or printer error");
+    EXPECT_EQ(printed().size(), 2u);
+}
+
+TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
+{
+    bool allEnabled = true;
+    std::string help, chosen;
+    ui().onModal("IndividualEmployeeSelectionForm", [&](Form&) {
+        auto& f = app_->individualEmployeeSelectionForm();
+        allEnabled = f.AllBut.enabled();
+        help = f.HelpLab.caption();
+        chosen = f.EmployeeSelectionCombo.text();
+        f.OKBut.userClick();
+    });
+    AttendanceHandler(*app_, [this](App& a) {
+        seen.push_back(a.ReportEmployeeName + "|" + std::to_string(a.ReportEmployeeIndex));
+        a.ReportMonth = 0; // the year prompt was cancelled
+        return true;
+    });
+    EXPECT_FALSE(allEnabled);
+    EXPECT_EQ(help, "Click on the arrow and select an Employee.");
+    EXPECT_EQ(chosen, "adams, Bo");
+    EXPECT_EQ(seen, Lines{"adams, Bo|1"});
+    EXPECT_FALSE(viewer().loaded());
+
+    ui().onModal("IndividualEmployeeSelectionForm",
+                 [this](Form&) { app_->individualEmployeeSelectionForm().CancelBut.userClick(); });
+    AttendanceHandler(*app_, generator("ATTEND.TXT"));
+    EXPECT_EQ(seen.size(), 1u);
+}
+
+} // namespace
+} // namespace zandolt::testing
