@@ -10,16 +10,6 @@
 
 namespace zandolt {
 
-std::string ShortDateText(App& app, Date date)
-{
-    const YearMonthDay d = SplitDate(date);
-    DateTime t;
-    t.year = d.year;
-    t.month = d.month;
-    t.day = d.day;
-    return app.locale.shortDate(t);
-}
-
 void PaintAttendance(std::string& attendance, char letter, int fromDay, int toDay)
 {
     if (fromDay < 1)

@@ -27,9 +27,6 @@ inline constexpr LeaveLetter LeaveLetters[] = {
     {'U', "UnplannedBut", "Unplanned"}};
 inline constexpr int LeaveLetterCount = sizeof LeaveLetters / sizeof LeaveLetters[0];
 
-// A date in the desktop's short form, as the date boxes show it.
-std::string ShortDateText(App& app, Date date);
-
 // Puts the letter at the 1-based positions from..to of the attendance string. A range whose end
 // lies before its start paints nothing.
 void PaintAttendance(std::string& attendance, char letter, int fromDay, int toDay);
