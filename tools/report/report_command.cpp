@@ -4,16 +4,22 @@
 #include "data/dates.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
+#include "reports/exception_reports.h"
+#include "reports/log_scan.h"
+#include "reports/monthly_report.h"
 
 #include <algorithm>
-#include <cctype>
 #include <charconv>
 
 namespace zandolt {
 
 const std::vector<ReportKind>& ReportKinds()
 {
-    static const std::vector<ReportKind> kinds = {};
+    static const std::vector<ReportKind> kinds = {
+        {"monthly", GenerateMonthlyReport, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
+        {"exception", GenerateExceptionReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
+        {"twice", GenerateTwiceTestedReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
+    };
     return kinds;
 }
 
@@ -204,18 +210,6 @@ ParsedArguments ParseReportArguments(const std::vector<std::string>& args, const
     return p;
 }
 
-int FindEmployeeRow(const App& app, const std::string& name)
-{
-    auto fold = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
-    for (int row = 0; row < app.EmployeeCount; ++row) {
-        const std::string& full = app.FullName[static_cast<size_t>(row)];
-        if (full.size() == name.size() &&
-            std::equal(full.begin(), full.end(), name.begin(), [&](char a, char b) { return fold(a) == fold(b); }))
-            return row;
-    }
-    return -1;
-}
-
 std::string YearAnswer(const ReportRequest& request, const DateTime& now)
 {
     return std::to_string(request.year.value_or(now.year));
@@ -244,7 +238,13 @@ int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::os
         if (std::string(kind.name) == "individual") {
             app.ReportEmployeeName = *request.employee;
         } else {
-            const int row = FindEmployeeRow(app, *request.employee);
+            // The first row of that name without regard to case, as the reports find a logged name.
+            const std::string& name = *request.employee;
+            const size_t comma = name.find(", ");
+            const int row = comma == std::string::npos
+                                ? -1
+                                : EmployeeLookup(app).find(std::string_view(name).substr(0, comma),
+                                                           std::string_view(name).substr(comma + 2));
             if (row < 0) {
                 err << "zandolt-report: no employee is named \"" << *request.employee << "\"\n\n" << ReportUsage();
                 return ReportUsageError;

@@ -63,9 +63,6 @@ constexpr int ReportDone = 0;
 constexpr int ReportFailed = 1; // the generator took its error path
 constexpr int ReportUsageError = 2;
 
-// The first row whose full name is `name`, ignoring the case of ASCII letters; -1 when none is.
-int FindEmployeeRow(const App& app, const std::string& name);
-
 // The answer to the attendance table's year question.
 std::string YearAnswer(const ReportRequest& request, const DateTime& now);
 
