@@ -59,6 +59,16 @@ Moment lineMoment(Date date, std::string_view time)
     return static_cast<Moment>(date) * SecondsPerDay + hour * 3600 + minute * 60;
 }
 
+// The date of a log line. The log writer's own form, mm-dd-yyyy in digits, is read in place, as
+// StringToDate reads it; any other text goes to StringToDate.
+Date logDate(std::string_view text, int presentYear)
+{
+    int month, day, year;
+    if (text.size() == 10 && text[2] == '-' && text[5] == '-' && LogDateDigits(text, month, day, year))
+        return calendar::centuryDate(year, month, day, presentYear);
+    return StringToDate(text, presentYear);
+}
+
 std::string hourMinute(Moment m)
 {
     const Moment inDay = ((m % SecondsPerDay) + SecondsPerDay) % SecondsPerDay;
@@ -113,12 +123,15 @@ private:
                 return false;
             if (read == LogRead::Skip)
                 continue;
-            const Date date = StringToDate(r.Date, now_.year);
+            const Date date = logDate(r.Date, now_.year);
             // The log is taken to be in date order: the first line after the day ends the scan.
             if (date > app_.ReportDate)
                 return true;
             Moment moment = 0;
             if (twice_) {
+                // Two days back and more, a line lies before the span whatever its time.
+                if (date < app_.ReportDate - 1)
+                    continue;
                 moment = lineMoment(date, r.Time);
                 if (!span_.holds(moment))
                     continue;

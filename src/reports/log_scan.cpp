@@ -7,7 +7,13 @@
 #include "data/number_text.h"
 #include "data/numeric_prefix.h"
 
+#include <bit>
+#include <cstdint>
 #include <cstdio>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace zandolt {
 
@@ -41,33 +47,123 @@ DateTime dateTimeOf(Date date)
 
 } // namespace
 
+namespace {
+
+// The places of the first commas of a line, at most `max` of them; how many there are. A log line
+// is read at every report, and a log may hold millions, so the commas are found sixteen bytes at a
+// time.
+int findCommas(std::string_view line, std::uint32_t* at, int max)
+{
+    int n = 0;
+    size_t i = 0;
+#if defined(__SSE2__)
+    const __m128i comma = _mm_set1_epi8(',');
+    for (; i + 16 <= line.size() && n < max; i += 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(line.data() + i));
+        auto mask = static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, comma)));
+        for (; mask != 0 && n < max; mask &= mask - 1)
+            at[n++] = static_cast<std::uint32_t>(i) + static_cast<std::uint32_t>(std::countr_zero(mask));
+    }
+#endif
+    for (; i < line.size() && n < max; ++i)
+        if (line[i] == ',')
+            at[n++] = static_cast<std::uint32_t>(i);
+    return n;
+}
+
+bool isNoName(std::string_view lastName)
+{
+    return lastName.empty() || lastName == "*";
+}
+
+// RightMegs: the rest of the line up to a comma, trimmed.
+std::string_view rightMegs(std::string_view rest)
+{
+    return trimBlanks(rest.substr(0, rest.find(',')));
+}
+
+// Any record, field by field through the stream, when it runs over the line it begins on: its
+// fields are copied, since the stream may move its lines while it reads the next ones.
+LogRead readSpilledRecord(LogStream& log, LogRecord& r)
+{
+    std::string* const s = r.spill;
+    if (!log.readField(s[0]))
+        return LogRead::Failed;
+    if (isNoName(s[0]))
+        return LogRead::Skip;
+    for (int i = 1; i <= 5; ++i)
+        if (!log.readField(s[i]))
+            return LogRead::Failed;
+    const bool comFail = s[5] == "ComFail";
+    if (!comFail) {
+        for (int i = 6; i <= 9; ++i)
+            if (!log.readField(s[i]))
+                return LogRead::Failed;
+    }
+    if (!log.readRestOfLine(s[10]))
+        return LogRead::Failed;
+    std::string_view* const fields[] = {&r.LastName, &r.FirstName, &r.ID,        &r.Date,     &r.Time,     &r.WristStat,
+                                        &r.LeftStat, &r.RightStat, &r.WristMegs, &r.LeftMegs, &r.RightMegs};
+    for (int i = 0; i <= 10; ++i)
+        *fields[i] = (comFail && i > 5) ? std::string_view() : std::string_view(s[i]);
+    if (!comFail)
+        r.RightMegs = rightMegs(r.RightMegs);
+    return LogRead::Record;
+}
+
+} // namespace
+
 LogRead ReadLogRecordByFields(LogStream& log, LogRecord& r)
 {
     if (log.atEnd())
         return log.failed() ? LogRead::Failed : LogRead::End;
-    if (!log.readField(r.LastName))
+    // Nearly every record is one whole line, taken here in one look at it.
+    std::string_view line;
+    if (!log.peekLine(line))
         return LogRead::Failed;
-    if (r.LastName.empty() || r.LastName == "*")
+    std::uint32_t comma[11];
+    const int commas = findCommas(line, comma, 11);
+    // Field k as the comma-separated reader takes it: from behind comma k - 1 to comma k, or to the
+    // line's end, without blanks around it.
+    const auto field = [&](int k) {
+        const size_t b = k == 0 ? 0 : comma[k - 1] + 1;
+        const size_t e = k < commas ? comma[k] : line.size();
+        return trimBlanks(line.substr(b, e - b));
+    };
+    const std::string_view lastName = field(0);
+    if (isNoName(lastName)) {
+        // Only that one field is consumed: the rest of its line begins the next record.
+        if (commas > 0)
+            log.advance(comma[0] + 1);
+        else
+            log.nextLine();
         return LogRead::Skip;
-    for (std::string* field : {&r.FirstName, &r.ID, &r.Date, &r.Time, &r.WristStat})
-        if (!log.readField(*field))
-            return LogRead::Failed;
-    if (r.WristStat == "ComFail") {
-        // The line's remaining fields are placeholders; the rest of it goes.
-        for (std::string* field : {&r.LeftStat, &r.RightStat, &r.WristMegs, &r.LeftMegs})
-            field->clear();
-        const bool read = log.readRestOfLine(r.RightMegs);
-        r.RightMegs.clear();
-        return read ? LogRead::Record : LogRead::Failed;
     }
-    for (std::string* field : {&r.LeftStat, &r.RightStat, &r.WristMegs, &r.LeftMegs})
-        if (!log.readField(*field))
-            return LogRead::Failed;
-    if (!log.readRestOfLine(r.RightMegs))
-        return LogRead::Failed;
-    std::string_view right = r.RightMegs;
-    right = trimBlanks(right.substr(0, right.find(',')));
-    r.RightMegs.assign(right);
+    // A record that is the whole line has its wrist status behind five commas, and then either
+    // "ComFail" and a comma, or nine commas in all; any other runs over into the next line.
+    if (commas < 6)
+        return readSpilledRecord(log, r);
+    const std::string_view wristStat = field(5);
+    const bool comFail = wristStat == "ComFail";
+    if (!comFail && commas < 10)
+        return readSpilledRecord(log, r);
+    r.LastName = lastName;
+    r.FirstName = field(1);
+    r.ID = field(2);
+    r.Date = field(3);
+    r.Time = field(4);
+    r.WristStat = wristStat;
+    if (comFail) {
+        // The line's remaining fields are placeholders; the rest of it goes.
+        r.LeftStat = r.RightStat = r.WristMegs = r.LeftMegs = r.RightMegs = {};
+    } else {
+        r.LeftStat = field(6);
+        r.RightStat = field(7);
+        r.WristMegs = field(8);
+        r.LeftMegs = field(9);
+        r.RightMegs = field(10); // the rest of the line up to a comma
+    }
+    log.nextLine();
     return LogRead::Record;
 }
 
@@ -86,23 +182,38 @@ LogRead ReadLogRecordByLine(LogStream& log, LogRecord& r)
     LineField f = fields.next();
     if (f.last)
         return LogRead::Skip;
-    r.LastName.assign(f.text);
+    r.LastName = f.text;
     f = fields.next();
     if (f.last || r.LastName == "*")
         return LogRead::Skip;
-    r.FirstName.assign(f.text);
+    r.FirstName = f.text;
     f = fields.next();
     if (f.last)
         return LogRead::Skip;
-    r.ID.assign(f.text);
+    r.ID = f.text;
     const std::string_view behindId = fields.rest();
     f = fields.next();
     if (f.last)
         return LogRead::Skip;
-    r.Date.assign(f.text);
-    r.Head.assign(trimBlanks(line.substr(0, static_cast<size_t>(behindId.data() - line.data()))));
-    r.Tail.assign(fields.rest());
+    r.Date = f.text;
+    r.Head = trimBlanks(line.substr(0, static_cast<size_t>(behindId.data() - line.data())));
+    r.Tail = fields.rest();
     return LogRead::Record;
+}
+
+bool LogDateDigits(std::string_view date, int& month, int& day, int& year)
+{
+    if (date.size() < 10)
+        return false;
+    unsigned d[10];
+    for (size_t i = 0; i < 10; ++i)
+        d[i] = DigitValue(date[i]);
+    if ((d[0] | d[1] | d[3] | d[4] | d[6] | d[7] | d[8] | d[9]) > 9)
+        return false;
+    month = static_cast<int>(d[0] * 10 + d[1]);
+    day = static_cast<int>(d[3] * 10 + d[4]);
+    year = static_cast<int>(d[6] * 1000 + d[7] * 100 + d[8] * 10 + d[9]);
+    return true;
 }
 
 char StatusCode(std::string_view status, char strap)

@@ -20,15 +20,19 @@ namespace zandolt {
 class App;
 struct EmployeeTable;
 
-// One log line as a scan has it in hand; all text as read.
+// One log line as a scan has it in hand; all text as read. The views hold until the next read of
+// the stream.
 struct LogRecord
 {
-    std::string LastName, FirstName, ID, Date, Time;
-    std::string WristStat, LeftStat, RightStat; // "Wok" ... or "ComFail"; "L- " is read as "L-"
-    std::string WristMegs, LeftMegs, RightMegs;
+    std::string_view LastName, FirstName, ID, Date, Time;
+    std::string_view WristStat, LeftStat, RightStat; // "Wok" ... or "ComFail"; "L- " is read as "L-"
+    std::string_view WristMegs, LeftMegs, RightMegs;
     // Read by line only: the line up to the comma behind the ID, that comma included, trimmed; and
     // all that stands behind the date's comma (the time and what follows), unsplit.
-    std::string Head, Tail;
+    std::string_view Head, Tail;
+
+    // The fields of a record that runs over more than one line, which the views then show.
+    std::string spill[11];
 };
 
 enum class LogRead {
@@ -46,6 +50,10 @@ LogRead ReadLogRecordByFields(LogStream& log, LogRecord& record);
 // The next line sliced into last name, first name, ID and date, with the head and tail; any line
 // without those four comma-ended fields, or with "*" as its last name, is a clean skip.
 LogRead ReadLogRecordByLine(LogStream& log, LogRecord& record);
+
+// The three numbers of a date in the log writer's form mm-dd-yyyy, read in place when its eight
+// digits stand at their places, whatever stands between them; false for any other text.
+bool LogDateDigits(std::string_view date, int& month, int& day, int& year);
 
 // The grid code a status field gives its strap ('W', 'L' or 'R'): "g", "L" or "H" for "ok", "lo" and
 // "hi"; 0 for anything else ("W- ", "ComFail", "*"), which leaves the strap's code as it was.

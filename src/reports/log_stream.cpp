@@ -122,6 +122,14 @@ bool LogStream::readRestOfLine(std::string& rest)
     return true;
 }
 
+bool LogStream::peekLine(std::string_view& rest)
+{
+    if (!haveLine())
+        return false;
+    rest = std::string_view(buffer_.data() + pos_, textEnd() - pos_);
+    return true;
+}
+
 bool LogStream::readLine(std::string_view& line)
 {
     if (!haveLine())

@@ -38,6 +38,15 @@ public:
     // nothing is left to read.
     bool readLine(std::string_view& line);
 
+    // What is left of the line in hand, without its line end, read nothing yet: a reader that finds
+    // all it needs there takes it in one look and then moves on by advance() or nextLine(). The
+    // view holds until the next read. False when nothing is left to read.
+    bool peekLine(std::string_view& rest);
+    // Moves on by count characters of what peekLine() showed.
+    void advance(std::size_t count) { pos_ += count; }
+    // Moves past the line in hand.
+    void nextLine() { endLine(); }
+
 private:
     // Makes the line from pos_ on whole in the buffer and sets lineEnd_ to its line feed, or to the
     // end of the data when the file ends without one. False when nothing is left.

@@ -56,9 +56,9 @@ long long dateColumn(std::string_view date, size_t from, size_t length)
     return from < date.size() ? RoundHalfEven(NumericPrefix(date.substr(from, length))) : 0;
 }
 
-float readingOf(const std::string& text)
+float readingOf(std::string_view text)
 {
-    return IsNumeric(text) ? ParseMegohms(text) : 100.0f;
+    return IsNumeric(std::string(text)) ? ParseMegohms(text) : 100.0f;
 }
 
 int daysInMonth(int month, int presentYear)
@@ -85,9 +85,14 @@ bool scanLog(App& app, int reportYear, Grids& grids, UnknownNames& unknown)
             return false;
         if (read == LogRead::Skip)
             continue;
-        const long long month = dateColumn(r.Date, 0, 2);
-        const long long day = dateColumn(r.Date, 3, 2);
-        const long long year = dateColumn(r.Date, 6, 4);
+        long long month, day, year;
+        if (int m, d, y; LogDateDigits(r.Date, m, d, y)) {
+            month = m, day = d, year = y;
+        } else {
+            month = dateColumn(r.Date, 0, 2);
+            day = dateColumn(r.Date, 3, 2);
+            year = dateColumn(r.Date, 6, 4);
+        }
         // Only both together end the scan: a later year's line of an earlier month goes on.
         if (month > app.ReportMonth && year > reportYear)
             return true;
@@ -99,7 +104,7 @@ bool scanLog(App& app, int reportYear, Grids& grids, UnknownNames& unknown)
         app.RightReading = readingOf(r.RightMegs);
         const int employee = lookup.find(r.LastName, r.FirstName);
         if (employee < 0) {
-            unknown.add(r.LastName + ", " + r.FirstName);
+            unknown.add(std::string(r.LastName).append(", ").append(r.FirstName));
             continue;
         }
         if (day < 1 || day > 31)

@@ -13,10 +13,15 @@ namespace {
 
 using Fields = std::vector<std::string>;
 
+Fields texts(std::initializer_list<std::string_view> views)
+{
+    return Fields(views.begin(), views.end());
+}
+
 Fields fieldsOf(const LogRecord& r)
 {
-    return {r.LastName, r.FirstName, r.ID,        r.Date,     r.Time,     r.WristStat,
-            r.LeftStat, r.RightStat, r.WristMegs, r.LeftMegs, r.RightMegs};
+    return texts({r.LastName, r.FirstName, r.ID, r.Date, r.Time, r.WristStat, r.LeftStat, r.RightStat, r.WristMegs,
+                  r.LeftMegs, r.RightMegs});
 }
 
 const std::string Good = "Doe, Jane           , 4711               , 03-15-2001, 08:01:02, Wok, Lok, Rok, 01.23, "
@@ -50,7 +55,7 @@ protected:
         LogRead read;
         while ((read = ReadLogRecordByLine(log, r)) == LogRead::Record || read == LogRead::Skip)
             out.push_back(read == LogRead::Skip ? Fields{"skip"}
-                                                : Fields{r.LastName, r.FirstName, r.ID, r.Date, r.Head, r.Tail});
+                                                : texts({r.LastName, r.FirstName, r.ID, r.Date, r.Head, r.Tail}));
         EXPECT_EQ(read, LogRead::End);
         return out;
     }
