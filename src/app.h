@@ -23,6 +23,8 @@ class ErrMsgFrm;
 class PassForm;
 class TitleForm;
 class PrinterCheckForm;
+class UnKnowFo;
+class CertExForm;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -67,6 +69,8 @@ public:
     PassForm& passForm();
     TitleForm& titleForm();
     PrinterCheckForm& printerCheckForm();
+    UnKnowFo& unKnowFo();
+    CertExForm& certExForm();
 
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
@@ -82,6 +86,8 @@ protected:
 private:
     std::unique_ptr<Form> nameForm_, rs232Form_, pressForm_, cartoonForm_, simForm_, errMsgFrm_, passForm_, titleForm_,
         printerCheckForm_;
+    std::unique_ptr<Form> unKnowFo_;
+    std::unique_ptr<Form> certExForm_;
 };
 
 } // namespace zandolt

@@ -46,9 +46,13 @@ bool CartoonShowsMarks(const CartoonForm& c)
 std::vector<Shot> AllShots()
 {
     return {
-        {"main-window", ShootMainWindow},      {"title-screen", ShootTitleScreen},
-        {"press-window", ShootPressWindow},    {"test-window-pass", ShootTestPassed},
+        {"main-window", ShootMainWindow},
+        {"title-screen", ShootTitleScreen},
+        {"press-window", ShootPressWindow},
+        {"test-window-pass", ShootTestPassed},
         {"test-window-fail", ShootTestFailed},
+        {"unknown-id-window", ShootUnknownIdWindow},
+        {"certification-window", ShootCertificationWindow},
     };
 }
 

@@ -61,5 +61,7 @@ bool ShootTitleScreen(ShotContext& ctx, const QString& file);
 bool ShootPressWindow(ShotContext& ctx, const QString& file);
 bool ShootTestPassed(ShotContext& ctx, const QString& file);
 bool ShootTestFailed(ShotContext& ctx, const QString& file);
+bool ShootUnknownIdWindow(ShotContext& ctx, const QString& file);
+bool ShootCertificationWindow(ShotContext& ctx, const QString& file);
 
 } // namespace zandolt::screenshots

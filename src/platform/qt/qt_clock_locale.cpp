@@ -47,6 +47,30 @@ QString WithoutZone(const QString& format)
     return out;
 }
 
+// A date format that reads days and months typed with one digit or two: "dd" and "MM" become
+// "d" and "M", outside quoted text; the names of days and months ("ddd", "MMMM") stay.
+QString WithShortNumbers(const QString& format)
+{
+    QString out;
+    bool quoted = false;
+    for (qsizetype i = 0; i < format.size();) {
+        const QChar c = format[i];
+        if (c == QChar('\'')) {
+            quoted = !quoted;
+            out += c;
+            ++i;
+            continue;
+        }
+        qsizetype run = 1;
+        while (i + run < format.size() && format[i + run] == c)
+            ++run;
+        const bool number = !quoted && run == 2 && (c == QChar('d') || c == QChar('M'));
+        out += number ? QString(c) : format.mid(i, run);
+        i += run;
+    }
+    return out;
+}
+
 const char* const DayNames[] = {"Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"};
 const char* const MonthNames[] = {"January", "February", "March",     "April",   "May",      "June",
                                   "July",    "August",   "September", "October", "November", "December"};
@@ -129,6 +153,33 @@ std::string QtLocale::longTime(const DateTime& t)
     const int h12 = t.hour % 12 == 0 ? 12 : t.hour % 12;
     std::snprintf(buf, sizeof buf, "%d:%02d:%02d %s", h12, t.minute, t.second, t.hour < 12 ? "AM" : "PM");
     return buf;
+}
+
+std::optional<DateTime> QtLocale::readDate(std::string_view text, int presentYear)
+{
+    if (!hasForms())
+        return std::nullopt;
+    const QString typed = TextToQt(std::string(text)).trimmed();
+    // The short form with a year of two digits and with one of four, whichever the locale writes.
+    QString twoDigits = WithShortNumbers(locale_.dateFormat(QLocale::ShortFormat));
+    if (!twoDigits.contains(QStringLiteral("yyyy")))
+        twoDigits.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    const QString fourDigits = twoDigits;
+    twoDigits.replace(QStringLiteral("yyyy"), QStringLiteral("yy"));
+    QDate d = locale_.toDate(typed, twoDigits);
+    const bool twoDigitYear = d.isValid();
+    if (!d.isValid())
+        d = locale_.toDate(typed, fourDigits);
+    if (!d.isValid())
+        d = locale_.toDate(typed, QLocale::LongFormat);
+    if (!d.isValid())
+        return std::nullopt;
+    DateTime t;
+    // A year of two digits in a form of four reads as the years 0 to 99.
+    t.year = twoDigitYear || d.year() < 100 ? TypedYear(d.year() % 100, presentYear) : d.year();
+    t.month = d.month();
+    t.day = d.day();
+    return t;
 }
 
 } // namespace zandolt::qt
