@@ -82,6 +82,30 @@ TEST_F(ReportProgram, AnExceptionReportOfTheDayWithTheLocalesDatesAndItsPaths)
                                                 "2, Poe, Ed, B-3, H--\r\n");
 }
 
+TEST_F(ReportProgram, TheAttendanceTableTakesItsYearFromTheCommandLine)
+{
+    // Rick tested on 19 and 20 November 2026: the CSV's November line (its twelfth, behind the
+    // first name) marks those two days "*" for the present year and nothing for 2025.
+    auto november = [&] {
+        const std::string csv = ReadTextFile(path("ATTEND.CSV"));
+        EXPECT_EQ(csv.substr(0, 6), "Rick\r\n");
+        size_t at = 0;
+        for (int line = 0; line < 11 && at != std::string::npos; ++line)
+            at = csv.find("\r\n", at) + 2;
+        return csv.substr(at, csv.find("\r\n", at) - at);
+    };
+    std::string marked;
+    for (int day = 1; day <= 30; ++day)
+        marked += day == 19 || day == 20 ? "* ," : "A ,";
+    ASSERT_EQ(run("attendance --employee 'roe, RICK' --now 2026-11-20T08:30:00"), 0) << err;
+    EXPECT_EQ(november(), marked);
+    ASSERT_EQ(run("attendance --employee 'Roe, Rick' --year 2025 --now 2026-11-20T08:30:00"), 0) << err;
+    std::string unmarked;
+    for (int day = 1; day <= 30; ++day)
+        unmarked += "A ,";
+    EXPECT_EQ(november(), unmarked);
+}
+
 TEST_F(ReportProgram, MessagesGoToStandardErrorAndTheExitCodeTellsTheOutcome)
 {
     // A month after the present one: the notice, taken as answered, and the year before.

@@ -4,9 +4,13 @@
 #include "data/dates.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
+#include "reports/attendance_table.h"
+#include "reports/certification_report.h"
+#include "reports/daily_logs.h"
 #include "reports/exception_reports.h"
 #include "reports/log_scan.h"
 #include "reports/monthly_report.h"
+#include "reports/vacation_report.h"
 
 #include <algorithm>
 #include <charconv>
@@ -19,6 +23,11 @@ const std::vector<ReportKind>& ReportKinds()
         {"monthly", GenerateMonthlyReport, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
         {"exception", GenerateExceptionReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
         {"twice", GenerateTwiceTestedReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
+        {"daily", GenerateDailyLog, &Settings::DailyTxtPath, &Settings::DailyCsvPath},
+        {"individual", GenerateIndividualLog, &Settings::IndivTxtPath, &Settings::IndivCsvPath},
+        {"certification", GenerateCertificationReport, &Settings::CertifTxtPath, &Settings::CertifCsvPath},
+        {"vacation", GenerateVacationReport, &Settings::VacationTxtPath, &Settings::VacationCsvPath},
+        {"attendance", GenerateAttendanceTable, &Settings::AttendTxtPath, &Settings::AttendCsvPath},
     };
     return kinds;
 }
