@@ -6,6 +6,7 @@
 #include "data/number_text.h"
 #include "data/numeric_prefix.h"
 #include "reports/log_scan.h"
+#include "reports/report_calendar.h"
 #include "reports/report_output.h"
 
 #include <unordered_set>
@@ -14,9 +15,6 @@
 namespace zandolt {
 
 namespace {
-
-const char* const MonthNames[] = {"",     "January", "February",  "March",   "April",    "May",     "June",
-                                  "July", "August",  "September", "October", "November", "December"};
 
 enum Strap { Wrist, Left, Right };
 
@@ -59,13 +57,6 @@ long long dateColumn(std::string_view date, size_t from, size_t length)
 float readingOf(std::string_view text)
 {
     return IsNumeric(std::string(text)) ? ParseMegohms(text) : 100.0f;
-}
-
-int daysInMonth(int month, int presentYear)
-{
-    static const int days[] = {0, 31, 0, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    // February as long as it is in the present year, whatever year the report covers.
-    return month == 2 ? SplitDate(DateSerial(presentYear, 3, 0)).day : days[month];
 }
 
 // Strap codes from the log for every employee and day of the report's month. False when the log
@@ -156,12 +147,7 @@ bool GenerateMonthlyReport(App& app)
     ReloadNamesIfChanged(app);
     app.ui.setBusy(true);
     const DateTime now = app.clock.now();
-    int reportYear = now.year;
-    if (app.ReportMonth > now.month) {
-        app.ui.msgBox("The month specified is greater than this month, so will use the previous year data.",
-                      msgbox::OKOnly, "");
-        --reportYear;
-    }
+    const int reportYear = YearOfReportMonth(app, now);
 
     Grids grids(app.EmployeeCount);
     UnknownNames unknown;
@@ -172,14 +158,14 @@ bool GenerateMonthlyReport(App& app)
     const int month = app.ReportMonth;
     if (month < 1 || month > 12)
         return ReportFailed(app, " Error opening report file to write");
-    const int days = daysInMonth(month, now.year);
+    const int days = DaysInMonth(month, now.year);
     finishGrids(app, reportYear, days, grids);
     // The heading's year is that of the last date the final pass built: none without employees.
     const int shownYear = app.EmployeeCount > 0 ? reportYear : SplitDate(0).year;
     const std::string stamp = ReportStamp(app, now);
 
     ReportFile text(static_cast<size_t>(app.EmployeeCount + 20) * (43 + 4 * 31 + 2));
-    text.add(45, ' ').add(app.CompanyName).add(" Monthly ESD Protection Test Report for ").add(MonthNames[month]);
+    text.add(45, ' ').add(app.CompanyName).add(" Monthly ESD Protection Test Report for ").add(MonthName(month));
     text.add(" ").add(std::to_string(shownYear)).add("    as of ").line(stamp);
     text.add(48, ' ').line("For Wrist strap, Left Heel, and Right Heel");
     text.add(51, ' ').line("g=good, H=high, L=Low, -=not measured");

@@ -4,8 +4,11 @@
 #pragma once
 
 #include "data/dates.h"
+#include "platform/clock.h"
 
 namespace zandolt {
+
+class App;
 
 // "January" to "December" for 1 to 12.
 inline const char* MonthName(int month)
@@ -21,5 +24,9 @@ inline int DaysInMonth(int month, int presentYear)
     static const int days[] = {31, 0, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     return month == 2 ? SplitDate(DateSerial(presentYear, 3, 0)).day : days[month - 1];
 }
+
+// The year of a report on app.ReportMonth: the present year, or, after a notice, the year before
+// when the month lies ahead of the present one.
+int YearOfReportMonth(App& app, const DateTime& now);
 
 } // namespace zandolt

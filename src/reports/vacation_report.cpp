@@ -34,12 +34,7 @@ bool GenerateVacationReport(App& app)
     ReloadNamesIfChanged(app);
     app.ui.setBusy(true);
     const DateTime now = app.clock.now();
-    int year = now.year;
-    if (app.ReportMonth > now.month) {
-        app.ui.msgBox("The month specified is greater than this month, so will use the previous year data.",
-                      msgbox::OKOnly, "");
-        --year;
-    }
+    const int year = YearOfReportMonth(app, now);
     // A month outside the year has no name and no length: the text cannot be written.
     const int month = app.ReportMonth;
     if (month < 1 || month > 12)
