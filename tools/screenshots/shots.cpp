@@ -49,6 +49,9 @@ std::vector<Shot> AllShots()
         {"main-window", ShootMainWindow},      {"title-screen", ShootTitleScreen},
         {"press-window", ShootPressWindow},    {"test-window-pass", ShootTestPassed},
         {"test-window-fail", ShootTestFailed},
+        {"monthly-report-viewer", ShootMonthlyReport},
+        {"employee-chooser", ShootEmployeeChooser},
+        {"help-window", ShootHelpWindow},
     };
 }
 

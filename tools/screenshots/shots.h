@@ -61,5 +61,8 @@ bool ShootTitleScreen(ShotContext& ctx, const QString& file);
 bool ShootPressWindow(ShotContext& ctx, const QString& file);
 bool ShootTestPassed(ShotContext& ctx, const QString& file);
 bool ShootTestFailed(ShotContext& ctx, const QString& file);
+bool ShootMonthlyReport(ShotContext& ctx, const QString& file);
+bool ShootEmployeeChooser(ShotContext& ctx, const QString& file);
+bool ShootHelpWindow(ShotContext& ctx, const QString& file);
 
 } // namespace zandolt::screenshots
