@@ -5,6 +5,7 @@
 #include "data/calendar.h"
 #include "data/types.h"
 #include "platform/clock.h"
+#include "platform/locale.h"
 
 #include <string>
 #include <string_view>
@@ -50,6 +51,13 @@ bool IsDateText(std::string_view text, int presentYear);
 Date FixDateCentury(Date date, int presentYear);
 // mm/dd/yyyy.
 std::string FormatPaddedDate(Date date);
+
+// A date typed by a person, read as the platform reads dates: the desktop's short date form and the
+// forms people type (m/d/yyyy, m/d/yy, yyyy-mm-dd, a month's name); 0 when the text is no date.
+Date ReadTypedDate(const App& app, std::string_view text);
+// The same with the locale and present year given. The locale's own forms come first, so that
+// where the desktop writes the day first, 3/4/2026 is the 3rd of April.
+Date ReadTypedDate(Locale& locale, std::string_view text, int presentYear);
 
 // The same, with the present year of the App's clock.
 Date StringToDate(const App& app, std::string_view text);

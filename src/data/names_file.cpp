@@ -87,7 +87,7 @@ void ReadNamesFile(App& app)
     }
 
     const DateTime now = app.clock.now();
-    const NameLineContext context{TodayDate(now), now.year};
+    const NameLineContext context{TodayDate(now), now.year, &app.locale};
     int row = -1;
     const char* const textEnd = text.data() + text.size();
     for (const char* at = text.data() + pos; at < textEnd;) {

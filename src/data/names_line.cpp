@@ -61,9 +61,12 @@ Step enable(const LineField& f, int16& column)
     return after(f);
 }
 
-Step date(const LineField& f, Date& column, int presentYear)
+// Between commas a date is read as the system writes dates; the last field of a line as the
+// platform reads a typed date.
+Step date(const LineField& f, Date& column, const NameLineContext& context)
 {
-    const Date d = StringToDate(f.text, presentYear);
+    const Date d = f.last ? ReadTypedDate(*context.locale, f.text, context.presentYear)
+                          : StringToDate(f.text, context.presentYear);
     if (d == 0)
         return Step::End;
     column = d;
@@ -184,7 +187,7 @@ void setDefaults(EmployeeTable& t, size_t r, int first, const NameLineContext& c
 // The fields after the last name, in the order of the file, each stored where it stands. Returns
 // the first column that the line left out, ColumnCount for a line that has them all, or -1 when
 // the row can't be kept.
-int readFields(LineFields& fields, EmployeeTable& t, size_t r, int presentYear)
+int readFields(LineFields& fields, EmployeeTable& t, size_t r, const NameLineContext& context)
 {
     int column = FirstNameCol;
     auto done = [&column](Step s) { return s == Step::Fail ? -1 : s == Step::Stored ? column + 1 : column; };
@@ -209,14 +212,14 @@ int readFields(LineFields& fields, EmployeeTable& t, size_t r, int presentYear)
         return done(s);
     for (Date* dateColumn : {&t.LeaveStart[r], &t.LeaveStop[r]}) {
         ++column;
-        if ((s = date(fields.next(), *dateColumn, presentYear)) != Step::Next)
+        if ((s = date(fields.next(), *dateColumn, context)) != Step::Next)
             return done(s);
     }
     ++column;
     if ((s = text(fields.next(), t.CertType[r])) != Step::Next)
         return done(s);
     ++column;
-    if ((s = date(fields.next(), t.CertExpiry[r], presentYear)) != Step::Next)
+    if ((s = date(fields.next(), t.CertExpiry[r], context)) != Step::Next)
         return done(s);
     ++column;
     if ((s = attendance(fields.next(), t.Attendance[r])) != Step::Next)
@@ -250,7 +253,7 @@ NameLineResult ReadNameLine(LineFields& fields, EmployeeTable& table, int& row, 
         return NameLineResult::Failed;
     const size_t r = static_cast<size_t>(row);
     table.LastName[r].assign(last.text);
-    const int leftOut = readFields(fields, table, r, context.presentYear);
+    const int leftOut = readFields(fields, table, r, context);
     if (leftOut < 0)
         return NameLineResult::Failed;
     setDefaults(table, r, leftOut, context);

@@ -4,17 +4,20 @@
 
 #include "data/employee_table.h"
 #include "data/line_fields.h"
+#include "platform/locale.h"
 
 #include <string>
 #include <string_view>
 
 namespace zandolt {
 
-// What a short line falls back on besides the table's fixed defaults.
+// What a short line falls back on besides the table's fixed defaults, and the locale that reads a
+// date standing last on a line.
 struct NameLineContext
 {
     Date today = 0;
     int presentYear = 2000;
+    Locale* locale = nullptr;
 };
 
 enum class NameLineResult {

@@ -1,6 +1,7 @@
 #include "data/names_line.h"
 
 #include "data/dates.h"
+#include "platform/headless/fixed_locale.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,8 @@ const std::string AllA(AttendanceLength, 'A');
 class NameLine : public ::testing::Test
 {
 protected:
-    NameLineContext context{DateSerial(2026, 11, 22), 2026};
+    headless::FixedLocale locale;
+    NameLineContext context{DateSerial(2026, 11, 22), 2026, &locale};
     std::unique_ptr<EmployeeTable> table = std::make_unique<EmployeeTable>();
     int row = -1;
     EmployeeTable& t = *table;
@@ -168,6 +170,23 @@ TEST_F(NameLine, AFieldThatIsNoDateEndsTheLine)
     EXPECT_EQ(t.LeaveStart[0], context.today);
     EXPECT_EQ(t.LeaveStop[0], context.today);
     EXPECT_EQ(t.CertType[0], "1");
+}
+
+TEST_F(NameLine, ADateBetweenCommasIsReadAsWrittenButTheLastOneAsTyped)
+{
+    const std::string upToStatus = "A, B, 1, 1, 1, 1, 1, -1, 0, S, ";
+    // Last: the forms people type, and nothing that runs over the calendar.
+    ASSERT_EQ(readLine(upToStatus + "2026-02-03"), NameLineResult::Row);
+    EXPECT_EQ(t.LeaveStart[0], DateSerial(2026, 2, 3));
+    ASSERT_EQ(readLine(upToStatus + "02/03/2026, Feb 4 2026"), NameLineResult::Row);
+    EXPECT_EQ(t.LeaveStop[1], DateSerial(2026, 2, 4));
+    ASSERT_EQ(readLine(upToStatus + "02/03/2026, 02/04/2026, 3, 13/1/2000"), NameLineResult::Row);
+    EXPECT_EQ(t.CertExpiry[2], context.today);
+    // Between commas month 13 runs over into the next year, and a month's name is no date.
+    ASSERT_EQ(readLine(upToStatus + "13/1/2000, Feb 4 2026, 3"), NameLineResult::Row);
+    EXPECT_EQ(t.LeaveStart[3], DateSerial(2001, 1, 1));
+    EXPECT_EQ(t.LeaveStop[3], context.today);
+    EXPECT_EQ(t.CertType[3], "1");
 }
 
 TEST_F(NameLine, AnAttendanceOfTheWrongLengthEndsTheLine)

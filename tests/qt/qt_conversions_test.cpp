@@ -1,5 +1,6 @@
 // The pure conversions of the Qt backend: text bytes, key codes, colours, fonts, the locale's date
 // forms, message box answers and the pages of a printout.
+#include "data/dates.h"
 #include "platform/qt/picture_view.h"
 #include "platform/qt/qt_clock_locale.h"
 #include "platform/qt/qt_dialogs.h"
@@ -148,6 +149,24 @@ TEST(QtLocaleForms, WithoutALocaleTheUsFormsServe)
     EXPECT_EQ(c.shortDate(t), "03/05/2026");
     EXPECT_EQ(c.longDate(t), "Thursday, March 5, 2026");
     EXPECT_EQ(c.longTime(t), "9:04:00 AM");
+}
+
+TEST(QtLocaleForms, TypedDatesTakeTheLocalesFormsFirst)
+{
+    QtLocale us{QLocale("en_US")};
+    QtLocale gb{QLocale("en_GB")};
+    QtLocale de{QLocale("de_DE")};
+    QtLocale c{QLocale::c()};
+    const Date march4 = DateSerial(2026, 3, 4);
+    const Date april3 = DateSerial(2026, 4, 3);
+    EXPECT_EQ(ReadTypedDate(us, "3/4/26", 2026), march4);
+    EXPECT_EQ(ReadTypedDate(us, "Wednesday, March 4, 2026", 2026), march4); // the long form
+    EXPECT_EQ(ReadTypedDate(gb, "03/04/2026", 2026), april3);
+    EXPECT_EQ(ReadTypedDate(gb, "31/12/45", 2026), DateSerial(2045, 12, 31));
+    EXPECT_EQ(ReadTypedDate(de, "03.04.26", 2026), april3);
+    EXPECT_EQ(ReadTypedDate(de, "2026-04-03", 2026), april3); // typed, not the locale's
+    EXPECT_EQ(ReadTypedDate(c, "3/4/2026", 2026), march4);
+    EXPECT_EQ(ReadTypedDate(gb, "31/02/2026", 2026), 0);
 }
 
 TEST(QtDialogs, ButtonSetsGiveTheirClassicAnswers)

@@ -8,8 +8,33 @@ namespace zandolt::headless {
 std::string FixedLocale::shortDate(const DateTime& t)
 {
     char buf[32];
-    std::snprintf(buf, sizeof buf, "%d/%d/%04d", t.month, t.day, t.year);
+    std::snprintf(buf, sizeof buf, "%d/%d/%04d", dayFirst ? t.day : t.month, dayFirst ? t.month : t.day, t.year);
     return buf;
+}
+
+std::optional<DateTime> FixedLocale::readDate(std::string_view text, int presentYear)
+{
+    // One or two digits, one or two digits, two or four digits, separated by "/".
+    int parts[3] = {0, 0, 0};
+    size_t widths[3] = {0, 0, 0};
+    size_t part = 0;
+    for (char c : text) {
+        if (c == '/' && part < 2 && widths[part] > 0) {
+            ++part;
+        } else if (c >= '0' && c <= '9' && widths[part] < 4) {
+            parts[part] = parts[part] * 10 + (c - '0');
+            ++widths[part];
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (part != 2 || widths[0] > 2 || widths[1] > 2 || (widths[2] != 2 && widths[2] != 4))
+        return std::nullopt;
+    DateTime t;
+    t.month = dayFirst ? parts[1] : parts[0];
+    t.day = dayFirst ? parts[0] : parts[1];
+    t.year = widths[2] == 2 ? TypedYear(parts[2], presentYear) : parts[2];
+    return t;
 }
 
 std::string FixedLocale::longDate(const DateTime& t)

@@ -1,5 +1,5 @@
 // A locale for the tests: the language is set by the test, the date forms are those of the United
-// States.
+// States, or with the day first where the test asks for it.
 #pragma once
 
 #include "platform/locale.h"
@@ -13,8 +13,11 @@ public:
     std::string shortDate(const DateTime& t) override;
     std::string longDate(const DateTime& t) override;
     std::string longTime(const DateTime& t) override;
+    // Its short form only, m/d/yyyy or m/d/yy (the day first with dayFirst).
+    std::optional<DateTime> readDate(std::string_view text, int presentYear) override;
 
     Language lang = Language::EnglishUS;
+    bool dayFirst = false;
 };
 
 } // namespace zandolt::headless

@@ -131,4 +131,33 @@ std::string QtLocale::longTime(const DateTime& t)
     return buf;
 }
 
+std::optional<DateTime> QtLocale::readDate(std::string_view text, int presentYear)
+{
+    if (!hasForms())
+        return std::nullopt;
+    const QString typed = TextToQt(std::string(text)).trimmed();
+    const QString shortForm = locale_.dateFormat(QLocale::ShortFormat);
+    QString longYear = shortForm;
+    if (!longYear.contains(QStringLiteral("yyyy")))
+        longYear.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    bool twoDigitYear = false;
+    QDate d;
+    if (longYear != shortForm) {
+        d = locale_.toDate(typed, shortForm);
+        twoDigitYear = d.isValid();
+    }
+    if (!d.isValid())
+        d = locale_.toDate(typed, longYear);
+    if (!d.isValid())
+        d = locale_.toDate(typed, QLocale::LongFormat);
+    if (!d.isValid())
+        return std::nullopt;
+    DateTime t;
+    // A year of two digits in a form of four reads as the years 0 to 99.
+    t.year = twoDigitYear || d.year() < 100 ? TypedYear(d.year() % 100, presentYear) : d.year();
+    t.month = d.month();
+    t.day = d.day();
+    return t;
+}
+
 } // namespace zandolt::qt

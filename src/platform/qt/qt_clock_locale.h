@@ -33,6 +33,9 @@ public:
     std::string longDate(const DateTime& t) override;
     // The locale's long time without a time zone; "10:01:02 PM" when the locale has none.
     std::string longTime(const DateTime& t) override;
+    // The locale's short date form, with a two- or four-digit year, and its long form; nothing
+    // when the locale has none.
+    std::optional<DateTime> readDate(std::string_view text, int presentYear) override;
 
 private:
     // The C locale has no forms of its own.

@@ -1,0 +1,89 @@
+// Dates as a person types them: the desktop's own short form first, then the common typed forms.
+#include "data/dates.h"
+#include "platform/headless/fixed_locale.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt {
+namespace {
+
+class TypedDate : public ::testing::Test
+{
+protected:
+    headless::FixedLocale locale;
+    Date read(std::string_view text) { return ReadTypedDate(locale, text, 2026); }
+};
+
+TEST(TypedYearTest, TwoDigitsFallWithinEightyYearsBackAndNineteenOn)
+{
+    EXPECT_EQ(TypedYear(26, 2026), 2026);
+    EXPECT_EQ(TypedYear(45, 2026), 2045);
+    EXPECT_EQ(TypedYear(46, 2026), 1946);
+    EXPECT_EQ(TypedYear(99, 2026), 1999);
+    EXPECT_EQ(TypedYear(0, 2026), 2000);
+    EXPECT_EQ(TypedYear(20, 2000), 1920);
+    EXPECT_EQ(TypedYear(19, 2000), 2019);
+}
+
+TEST_F(TypedDate, TheFormsPeopleTypeReadAsMonthDayYear)
+{
+    const Date march4 = DateSerial(2026, 3, 4);
+    EXPECT_EQ(read("3/4/2026"), march4);
+    EXPECT_EQ(read(" 03/04/2026 "), march4);
+    EXPECT_EQ(read("3/4/26"), march4);
+    EXPECT_EQ(read("3-4-2026"), march4);
+    EXPECT_EQ(read("3.4.26"), march4);
+    EXPECT_EQ(read("2026-03-04"), march4);
+    EXPECT_EQ(read("2026/3/4"), march4);
+    EXPECT_EQ(read("March 4, 2026"), march4);
+    EXPECT_EQ(read("4 march 2026"), march4);
+    EXPECT_EQ(read("4-MAR-26"), march4);
+    EXPECT_EQ(read("Mar 4"), march4); // no year: this year
+    EXPECT_EQ(read("3/4"), march4);
+    EXPECT_EQ(read("Sept 30 2026"), DateSerial(2026, 9, 30));
+    EXPECT_EQ(read("2/29/2024"), DateSerial(2024, 2, 29));
+    EXPECT_EQ(read("12/31/45"), DateSerial(2045, 12, 31));
+    EXPECT_EQ(read("1/1/46"), DateSerial(1946, 1, 1));
+}
+
+TEST_F(TypedDate, WhatNamesNoDayOfTheCalendarIsNoDate)
+{
+    // Unlike the system's own reading, nothing runs over into the next month or year.
+    for (const char* text : {"",
+                             "  ",
+                             "2/29/2026",
+                             "2/30/2026",
+                             "13/1/2000",
+                             "0/1/2026",
+                             "1/0/2026",
+                             "3/4/202",
+                             "3/4/20260",
+                             "/4/2026",
+                             "3/4/2026/",
+                             "3//4",
+                             "2026-03",
+                             "123/4/2026",
+                             "Smarch 4 2026",
+                             "Ma 4 2026",
+                             "March April 2026",
+                             "2026 March 4",
+                             "4 March 2026 5",
+                             "3/4/2026 10:00",
+                             "3/4/26x",
+                             "99"})
+        EXPECT_EQ(read(text), 0) << '"' << text << '"';
+}
+
+TEST_F(TypedDate, TheLocalesOwnFormComesBeforeTheTypedForms)
+{
+    locale.dayFirst = true;
+    EXPECT_EQ(read("3/4/2026"), DateSerial(2026, 4, 3));
+    EXPECT_EQ(read("3/4/26"), DateSerial(2026, 4, 3));
+    // Not in the locale's form: month first as typed.
+    EXPECT_EQ(read("3-4-2026"), DateSerial(2026, 3, 4));
+    // No such day in the locale's form, a day in the typed one.
+    EXPECT_EQ(read("4/13/2026"), DateSerial(2026, 4, 13));
+}
+
+} // namespace
+} // namespace zandolt
