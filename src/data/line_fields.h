@@ -10,6 +10,18 @@
 // A station reads thousands of these lines at every change of the employee file, so the commas
 // and the line feed are found 64 bytes at a time, a line's fields before the attendance in two
 // or three steps.
+//
+// What holds, and what its users rely on:
+// - No byte outside the text is ever read, so the text may be a view into a larger buffer (the
+//   pieces of the test log); the fields and rest() are views into the text and live as long as it.
+// - A field never reaches past its line: it holds no line feed, nor the carriage return in front
+//   of one. Only the blank ' ' is trimmed; a tab stays part of the field.
+// - Whether a field is the line's last is known when it is taken: `last` is set exactly when the
+//   remainder has no comma before the line's end, or its first comma is its first character (the
+//   field is then the whole remainder, later commas and all). Once the last field is taken,
+//   next() hands out empty last fields and done() holds.
+// - The text of each field is the trimmed text in front of its comma, nothing more; rest() is
+//   the untouched remainder, so that a reader may stop splitting and take the tail as it stands.
 #pragma once
 
 #include <bit>
@@ -54,6 +66,15 @@ public:
 
     // Nothing at all is left of the line.
     bool done() const { return atLineEnd(cur_); }
+
+    // What is left of the line as it stands, without the carriage return in front of its end.
+    std::string_view rest()
+    {
+        const char* e = lineEnd();
+        if (e > cur_ && e[-1] == '\r')
+            --e;
+        return std::string_view(cur_, static_cast<size_t>(e - cur_));
+    }
 
     // Where the line ends: at its line feed, or at the end of the text.
     const char* lineEnd()

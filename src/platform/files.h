@@ -4,7 +4,9 @@
 // the caller retries by its own rules.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,6 +18,17 @@ struct DirEntry
 {
     std::string name;
     bool isDirectory = false;
+};
+
+// A file read from its start in pieces, for files that have no limit on their size, such as the
+// test log.
+class FileReader
+{
+public:
+    virtual ~FileReader() = default;
+    // Up to size bytes into buffer: how many were read, 0 at the end of the file, -1 when the read
+    // failed.
+    virtual std::int64_t read(char* buffer, std::size_t size) = 0;
 };
 
 class Files
@@ -34,6 +47,10 @@ public:
 
     // The whole file, taken under a shared lock.
     virtual FileResult readAll(const std::string& path, std::string& out) = 0;
+    // Opens the file to be read in pieces. Each piece is read under a shared lock of its own, so that
+    // a station appending a line waits for one piece at most, never for a whole scan, and an
+    // append lands whole between two pieces.
+    virtual FileResult openRead(const std::string& path, std::unique_ptr<FileReader>& reader) = 0;
     // Appends under an exclusive lock, creating the file when it is missing.
     virtual FileResult append(const std::string& path, const std::string& data) = 0;
     // Replaces the whole file: written beside it and renamed over it, so that no reader ever sees

@@ -84,6 +84,28 @@ TEST_F(PosixFilesTest, AShortHoldIsWaitedFor)
     releaser.join();
 }
 
+TEST_F(PosixFilesTest, AFileReadInPiecesWaitsOnlyWhileAWriterHoldsIt)
+{
+    // Each piece takes its own lock: a writer in between blocks that piece, not the whole scan.
+    files.setLockWaitMs(0);
+    testing::WriteTextFile(at("Log.txt"), "abcdef");
+    std::unique_ptr<FileReader> reader;
+    ASSERT_EQ(files.openRead("LOG.TXT", reader), FileResult::Ok);
+    char piece[4];
+    EXPECT_EQ(reader->read(piece, 4), 4);
+    {
+        system::ExclusiveHold other(at("Log.txt"));
+        ASSERT_TRUE(other.held());
+        EXPECT_EQ(reader->read(piece, 4), -1);
+        EXPECT_EQ(files.append("LOG.TXT", "gh"), FileResult::Busy);
+    }
+    EXPECT_EQ(files.append("LOG.TXT", "gh"), FileResult::Ok);
+    ASSERT_EQ(reader->read(piece, 4), 4);
+    EXPECT_EQ(std::string(piece, 4), "efgh"); // the line appended between two pieces is read too
+    EXPECT_EQ(reader->read(piece, 4), 0);
+    EXPECT_EQ(files.openRead("none.txt", reader), FileResult::NotFound);
+}
+
 TEST_F(PosixFilesTest, ReplaceSwapsTheWholeFileAndLeavesNoTemporary)
 {
     testing::WriteTextFile(at("Names.txt"), "old");

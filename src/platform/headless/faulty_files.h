@@ -1,8 +1,11 @@
 // Real files with faults on demand: the next n reads, appends or replacements answer busy or
-// failed, as when another station holds a shared file.
+// failed, as when another station holds a shared file; a file read in pieces may fail to open, or
+// fail in the middle, as a network share that goes away does.
 #pragma once
 
 #include "platform/files.h"
+
+#include <algorithm>
 
 namespace zandolt::headless {
 
@@ -14,6 +17,10 @@ public:
     void failReads(int n, FileResult how = FileResult::Busy) { reads_ = {n, how}; }
     void failAppends(int n, FileResult how = FileResult::Busy) { appends_ = {n, how}; }
     void failReplaces(int n, FileResult how = FileResult::Busy) { replaces_ = {n, how}; }
+    void failOpenReads(int n, FileResult how = FileResult::Busy) { openReads_ = {n, how}; }
+    // Every file opened for reading in pieces from now on fails its read once this many bytes have
+    // come; a negative number ends the fault.
+    void breakPieceReadsAfter(std::int64_t bytes) { breakAfter_ = bytes; }
     int readAttempts() const { return readAttempts_; }
     int appendAttempts() const { return appendAttempts_; }
     int replaceAttempts() const { return replaceAttempts_; }
@@ -27,6 +34,16 @@ public:
     {
         ++readAttempts_;
         return reads_.take() ? reads_.how : real_.readAll(p, out);
+    }
+    FileResult openRead(const std::string& p, std::unique_ptr<FileReader>& reader) override
+    {
+        if (openReads_.take())
+            return openReads_.how;
+        std::unique_ptr<FileReader> real;
+        const FileResult result = real_.openRead(p, real);
+        if (result == FileResult::Ok)
+            reader = breakAfter_ < 0 ? std::move(real) : std::make_unique<BreakingReader>(std::move(real), breakAfter_);
+        return result;
     }
     FileResult append(const std::string& p, const std::string& data) override
     {
@@ -46,6 +63,25 @@ public:
     std::string currentDirectory() override { return real_.currentDirectory(); }
 
 private:
+    // Hands out the real bytes up to the break, then fails.
+    class BreakingReader : public FileReader
+    {
+    public:
+        BreakingReader(std::unique_ptr<FileReader> real, std::int64_t left) : real_(std::move(real)), left_(left) {}
+        std::int64_t read(char* buffer, std::size_t size) override
+        {
+            if (left_ <= 0)
+                return -1;
+            const std::int64_t n = real_->read(buffer, std::min(size, static_cast<std::size_t>(left_)));
+            left_ -= n > 0 ? n : 0;
+            return n;
+        }
+
+    private:
+        std::unique_ptr<FileReader> real_;
+        std::int64_t left_;
+    };
+
     struct Fault
     {
         int left = 0;
@@ -59,7 +95,8 @@ private:
         }
     };
     Files& real_;
-    Fault reads_, appends_, replaces_;
+    Fault reads_, appends_, replaces_, openReads_;
+    std::int64_t breakAfter_ = -1;
     int readAttempts_ = 0, appendAttempts_ = 0, replaceAttempts_ = 0;
 };
 

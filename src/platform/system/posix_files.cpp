@@ -76,6 +76,58 @@ struct Fd
     Fd& operator=(const Fd&) = delete;
 };
 
+// Takes a lock of the given type on the whole file, waiting up to waitMs for another holder.
+bool lockWithin(int fd, short type, int waitMs)
+{
+    struct flock fl = {};
+    fl.l_type = type;
+    fl.l_whence = SEEK_SET;
+    auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(waitMs);
+    for (;;) {
+        if (::fcntl(fd, F_OFD_SETLK, &fl) == 0)
+            return true;
+        if (errno != EACCES && errno != EAGAIN && errno != EINTR)
+            return true; // a file system without locks: the open itself is all the exclusion there is
+        if (std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
+}
+
+void unlock(int fd)
+{
+    struct flock fl = {};
+    fl.l_type = F_UNLCK;
+    fl.l_whence = SEEK_SET;
+    ::fcntl(fd, F_OFD_SETLK, &fl);
+}
+
+// A file read in pieces, each under a shared lock of its own.
+class PosixFileReader : public FileReader
+{
+public:
+    PosixFileReader(int fd, int lockWaitMs) : fd_(fd), lockWaitMs_(lockWaitMs) {}
+    ~PosixFileReader() override { ::close(fd_); }
+    PosixFileReader(const PosixFileReader&) = delete;
+    PosixFileReader& operator=(const PosixFileReader&) = delete;
+
+    std::int64_t read(char* buffer, std::size_t size) override
+    {
+        if (!lockWithin(fd_, F_RDLCK, lockWaitMs_))
+            return -1;
+        ssize_t n;
+        do
+            n = ::read(fd_, buffer, size);
+        while (n < 0 && errno == EINTR);
+        unlock(fd_);
+        return n;
+    }
+
+private:
+    int fd_;
+    int lockWaitMs_;
+};
+
 } // namespace
 
 PosixFiles::PosixFiles(std::string currentDirectory) : cwd_(std::move(currentDirectory))
@@ -160,19 +212,7 @@ std::int64_t PosixFiles::size(const std::string& path)
 
 bool PosixFiles::lock(int fd, bool exclusive)
 {
-    struct flock fl = {};
-    fl.l_type = exclusive ? F_WRLCK : F_RDLCK;
-    fl.l_whence = SEEK_SET;
-    auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(lockWaitMs_);
-    for (;;) {
-        if (::fcntl(fd, F_OFD_SETLK, &fl) == 0)
-            return true;
-        if (errno != EACCES && errno != EAGAIN && errno != EINTR)
-            return true; // a file system without locks: the open itself is all the exclusion there is
-        if (std::chrono::steady_clock::now() >= deadline)
-            return false;
-        std::this_thread::sleep_for(std::chrono::microseconds(200));
-    }
+    return lockWithin(fd, exclusive ? F_WRLCK : F_RDLCK, lockWaitMs_);
 }
 
 FileResult PosixFiles::readAll(const std::string& path, std::string& out)
@@ -183,6 +223,15 @@ FileResult PosixFiles::readAll(const std::string& path, std::string& out)
     if (!lock(f.fd, false))
         return FileResult::Busy;
     return readFd(f.fd, out) ? FileResult::Ok : FileResult::Failed;
+}
+
+FileResult PosixFiles::openRead(const std::string& path, std::unique_ptr<FileReader>& reader)
+{
+    const int fd = ::open(resolve(path).c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
+    reader = std::make_unique<PosixFileReader>(fd, lockWaitMs_);
+    return FileResult::Ok;
 }
 
 FileResult PosixFiles::append(const std::string& path, const std::string& data)

@@ -25,6 +25,7 @@ public:
     std::string modTimeText(const std::string& path) override;
     std::int64_t size(const std::string& path) override;
     FileResult readAll(const std::string& path, std::string& out) override;
+    FileResult openRead(const std::string& path, std::unique_ptr<FileReader>& reader) override;
     FileResult append(const std::string& path, const std::string& data) override;
     FileResult replace(const std::string& path, const std::string& data) override;
     std::vector<DirEntry> list(const std::string& directory) override;

@@ -1,0 +1,243 @@
+// The shared pieces of the report scans: the two log readers on logs as stations write them and as
+// they get spoiled, the work-group test, resistances, the name and ID column and the name lookup.
+#include "reports/log_scan.h"
+
+#include "reports/report_test_site.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace zandolt {
+namespace {
+
+using Fields = std::vector<std::string>;
+
+Fields texts(std::initializer_list<std::string_view> views)
+{
+    return Fields(views.begin(), views.end());
+}
+
+Fields fieldsOf(const LogRecord& r)
+{
+    return texts({r.LastName, r.FirstName, r.ID, r.Date, r.Time, r.WristStat, r.LeftStat, r.RightStat, r.WristMegs,
+                  r.LeftMegs, r.RightMegs});
+}
+
+const std::string Good = "Doe, Jane           , 4711               , 03-15-2001, 08:01:02, Wok, Lok, Rok, 01.23, "
+                         "04.56, 07.89";
+
+class LogScan : public testing::StationTest
+{
+protected:
+    LogStream open(const std::string& text)
+    {
+        write("LOG.TXT", text);
+        return LogStream(backend_->files, path("LOG.TXT"));
+    }
+    // What the field reader makes of the log: each record's fields, or "skip", then how it ended.
+    std::vector<Fields> byFields(const std::string& text, LogRead& ending)
+    {
+        LogStream log = open(text);
+        EXPECT_EQ(log.opened(), FileResult::Ok);
+        std::vector<Fields> out;
+        LogRecord r;
+        while ((ending = ReadLogRecordByFields(log, r)) == LogRead::Record || ending == LogRead::Skip)
+            out.push_back(ending == LogRead::Skip ? Fields{"skip"} : fieldsOf(r));
+        return out;
+    }
+    // The same for the line reader: last name, first name, ID, date, head and tail.
+    std::vector<Fields> byLines(const std::string& text)
+    {
+        LogStream log = open(text);
+        std::vector<Fields> out;
+        LogRecord r;
+        LogRead read;
+        while ((read = ReadLogRecordByLine(log, r)) == LogRead::Record || read == LogRead::Skip)
+            out.push_back(read == LogRead::Skip ? Fields{"skip"}
+                                                : texts({r.LastName, r.FirstName, r.ID, r.Date, r.Head, r.Tail}));
+        EXPECT_EQ(read, LogRead::End);
+        return out;
+    }
+};
+
+TEST_F(LogScan, TheFieldReaderTakesEveryKindOfLineAStationWrites)
+{
+    // CR LF and LF alone, a not-used wrist, a link failure, the skipped "*" and empty lines, and a
+    // last line without its end.
+    const std::string log = Good + "\r\n" +
+                            "Doe, Jane           , 4711               , 03-15-2001, 08:02:10, W- , Lhi, Rok, -, "
+                            "100.00, 07.89\n"
+                            "Doe, Jane           , 4711               , 03-15-2001, 08:03:40, ComFail,  *,  *,  *,  "
+                            "*,  *,  *\r\n"
+                            "*\r\n"
+                            "\r\n"
+                            "Roe, Rick, 12-9, 03-16-2001, 09:00:00, W- , L- , R- , 150.00, 01.00, - ";
+    LogRead ending;
+    const std::vector<Fields> expected = {
+        {"Doe", "Jane", "4711", "03-15-2001", "08:01:02", "Wok", "Lok", "Rok", "01.23", "04.56", "07.89"},
+        {"Doe", "Jane", "4711", "03-15-2001", "08:02:10", "W-", "Lhi", "Rok", "-", "100.00", "07.89"},
+        {"Doe", "Jane", "4711", "03-15-2001", "08:03:40", "ComFail", "", "", "", "", ""},
+        {"skip"},
+        {"skip"},
+        {"Roe", "Rick", "12-9", "03-16-2001", "09:00:00", "W-", "L-", "R-", "150.00", "01.00", "-"}};
+    EXPECT_EQ(byFields(log, ending), expected);
+    EXPECT_EQ(ending, LogRead::End);
+}
+
+TEST_F(LogScan, TheFieldReaderLetsASpoiledLineShiftTheNextRecordAndTheLineReaderSkipsIt)
+{
+    // "*" consumes one field: the rest of its line begins the next record, which then reaches into
+    // the following line. A line of too few fields borrows from the next one the same way.
+    const std::string starred = "*, Zed, 9\r\n" + Good + "\r\n";
+    const std::string shortLine = "Doe, Jane, 4711, 03-15-2001\r\nRoe, Rick, 12-9, 03-16-2001, 09:00:00, Wok, Lok, "
+                                  "Rok, 1, 2, 3\r\n";
+    LogRead ending;
+    EXPECT_EQ(byFields(starred, ending), (std::vector<Fields>{{"skip"},
+                                                              {"Zed", "9", "Doe", "Jane", "4711", "03-15-2001",
+                                                               "08:01:02", "Wok", "Lok", "Rok", "01.23"}}));
+    EXPECT_EQ(ending, LogRead::End);
+    EXPECT_EQ(byFields(shortLine, ending), (std::vector<Fields>{{"Doe", "Jane", "4711", "03-15-2001", "Roe", "Rick",
+                                                                 "12-9", "03-16-2001", "09:00:00", "Wok", "Lok"}}));
+    EXPECT_EQ(ending, LogRead::End);
+
+    const Fields goodByLine = {"Doe",
+                               "Jane",
+                               "4711",
+                               "03-15-2001",
+                               "Doe, Jane           , 4711               ,",
+                               " 08:01:02, Wok, Lok, Rok, 01.23, 04.56, 07.89"};
+    EXPECT_EQ(byLines(starred), (std::vector<Fields>{{"skip"}, goodByLine}));
+    EXPECT_EQ(byLines("  " + Good + "\r\n,Doe, Jane, 1, 2, 3\r\n*\r\n\r\n" + shortLine),
+              (std::vector<Fields>{
+                  goodByLine,
+                  {"skip"}, // a comma in front
+                  {"skip"},
+                  {"skip"},
+                  {"skip"}, // no comma behind the date
+                  {"Roe", "Rick", "12-9", "03-16-2001", "Roe, Rick, 12-9,", " 09:00:00, Wok, Lok, Rok, 1, 2, 3"}}));
+}
+
+TEST_F(LogScan, ALogThatEndsInsideARecordOrCannotBeReadFails)
+{
+    LogRead ending;
+    EXPECT_EQ(byFields(Good + "\r\nRoe, Rick, 12-9, 03-1", ending).size(), 1u);
+    EXPECT_EQ(ending, LogRead::Failed);
+    byFields(Good + "\r\nRoe, Rick, 12-9\r\n", ending);
+    EXPECT_EQ(ending, LogRead::Failed);
+    byFields("Doe, Jane, 4711, 03-15-2001, 08:03:40, ComFail", ending);
+    EXPECT_EQ(ending, LogRead::Failed);
+
+    // A share that goes away in the middle of the scan.
+    std::string big;
+    for (int i = 0; i < 4000; ++i)
+        big += Good + "\r\n";
+    backend_->files.breakPieceReadsAfter(300000);
+    const size_t read = byFields(big, ending).size();
+    EXPECT_EQ(ending, LogRead::Failed);
+    EXPECT_LT(read, 4000u);
+
+    backend_->files.breakPieceReadsAfter(-1);
+    EXPECT_EQ(LogStream(backend_->files, path("none.txt")).opened(), FileResult::NotFound);
+}
+
+TEST_F(LogScan, RecordsAndLinesThatCrossThePiecesOfTheFileAreReadWhole)
+{
+    // Far more than one piece, with one line longer than a piece in the middle.
+    std::string big;
+    for (int i = 0; i < 3000; ++i)
+        big += "N" + std::to_string(i) + ", F, 1-" + std::to_string(i) + ", 03-15-2001, 08:01:02, Wok, Lok, Rok, " +
+               "01.23, 04.56, 07.89\r\n";
+    const std::string longName(300000, 'x');
+    big += longName + ", F, 1, 03-15-2001, 08:01:02, Wok, Lok, Rok, 01.23, 04.56, 07.89\r\n" + big;
+    LogRead ending;
+    const std::vector<Fields> records = byFields(big, ending);
+    EXPECT_EQ(ending, LogRead::End);
+    ASSERT_EQ(records.size(), 6001u);
+    EXPECT_EQ(records[2999][2], "1-2999");
+    EXPECT_EQ(records[3000][0], longName);
+    EXPECT_EQ(records[6000], (Fields{"N2999", "F", "1-2999", "03-15-2001", "08:01:02", "Wok", "Lok", "Rok", "01.23",
+                                     "04.56", "07.89"}));
+    const std::vector<Fields> lines = byLines(big);
+    ASSERT_EQ(lines.size(), 6001u);
+    EXPECT_EQ(lines[3000][0], longName);
+    EXPECT_EQ(lines[5999][2], "1-2998");
+}
+
+TEST(WorkGroups, TheGroupIsTheIdInFrontOfItsFirstHyphenAndTheFilterComparesItExactly)
+{
+    EXPECT_EQ(ExtractWorkGroup("12-34-5"), "12");
+    EXPECT_EQ(ExtractWorkGroup("-34"), "");
+    EXPECT_EQ(ExtractWorkGroup("1234"), "");
+    ReportParameters p;
+    EXPECT_TRUE(PassesWorkGroupFilter(p, "1234"));
+    p.ReportWorkGroup = "ab";
+    EXPECT_TRUE(PassesWorkGroupFilter(p, "ab-1"));
+    EXPECT_FALSE(PassesWorkGroupFilter(p, "AB-1"));
+    EXPECT_FALSE(PassesWorkGroupFilter(p, "ab"));
+    EXPECT_FALSE(PassesWorkGroupFilter(p, "abc-1"));
+}
+
+TEST(Megohms, DecimalsCountOnlyWithTwoOrThreeDigits)
+{
+    EXPECT_FLOAT_EQ(ParseMegohms("12.34"), 12.34f);
+    EXPECT_FLOAT_EQ(ParseMegohms("012.345"), 12.345f);
+    EXPECT_FLOAT_EQ(ParseMegohms(" 100.00"), 100.0f);
+    EXPECT_FLOAT_EQ(ParseMegohms("12.5"), 12.0f);
+    EXPECT_FLOAT_EQ(ParseMegohms("12.3456"), 12.0f);
+    EXPECT_FLOAT_EQ(ParseMegohms("ab.25"), 0.25f); // a whole part that is no number counts 0
+    EXPECT_FLOAT_EQ(ParseMegohms(".5"), 0.5f);     // a point in front: the number as it stands
+    EXPECT_FLOAT_EQ(ParseMegohms("7x"), 7.0f);
+}
+
+TEST(NameIdColumn, AlwaysThirtyNineCharactersCutAsTheRulesSay)
+{
+    EXPECT_EQ(FormatNameIdColumn("Doe", "Jane", "4711"), " Doe, Jane" + std::string(24, ' ') + "4711 ");
+    // 20, 20 and 8 characters: the first name to 9, the last to 17.
+    EXPECT_EQ(FormatNameIdColumn("Abcdefghijklmnopqrst", "Bcdefghijklmnopqrstu", "12-45678"),
+              " Abcdefghijklmnopq, Bcdefghij 12-45678 ");
+    // A long ID is cut to 17 and then fits.
+    EXPECT_EQ(FormatNameIdColumn("Smith", "Al", "123456789012345678901234567890"),
+              " Smith, Al" + std::string(11, ' ') + "12345678901234567 ");
+    // A short first name: the last name gives way; a short last name: the first name does.
+    EXPECT_EQ(FormatNameIdColumn(std::string(30, 'L'), "Bob", "12-3"), " " + std::string(27, 'L') + ", Bob 12-3 ");
+    EXPECT_EQ(FormatNameIdColumn("Li", std::string(30, 'F'), "12-3"), " Li, " + std::string(28, 'F') + " 12-3 ");
+    // Exactly 34 is not cut and keeps one blank.
+    EXPECT_EQ(FormatNameIdColumn(std::string(20, 'L'), std::string(10, 'F'), "1234"),
+              " " + std::string(20, 'L') + ", " + std::string(10, 'F') + " 1234 ");
+}
+
+TEST(Patterns, AlignmentsAndTheHourMinuteForm)
+{
+    EXPECT_EQ(RightAligned3("7"), "  7 ");
+    EXPECT_EQ(RightAligned3("1000"), "1000 ");
+    EXPECT_EQ(LeftAligned3("31"), "31  ");
+    EXPECT_EQ(HourMinuteText(8 * 3600 + 5 * 60 + 59), "8:5");
+    EXPECT_EQ(HourMinuteText(23 * 3600 + 59 * 60 + 59), "23:59");
+    EXPECT_EQ(PaddedHourMinute(8, 5), "08:05");
+}
+
+class Lookup : public testing::ReportSite
+{
+};
+
+TEST_F(Lookup, ALoggedNameFindsTheFirstRowOfThatNameWhateverItsCase)
+{
+    testing::Employee doe, doeAgain, munoz, other;
+    doeAgain.id = "9";
+    munoz.last = "Mu\xf1oz";
+    munoz.first = "Jos\xe9";
+    other.last = "Doe";
+    other.first = "Janet";
+    employees({munoz, doe, doeAgain, other});
+    EmployeeLookup lookup(*app_);
+    EXPECT_EQ(lookup.find("DOE", "jane"), 1);
+    EXPECT_EQ(lookup.find("Doe", "Janet"), 3);
+    EXPECT_EQ(lookup.find("MU\xf1OZ", "JOS\xe9"), 0);
+    EXPECT_EQ(lookup.find("MU\xd1OZ", "JOS\xc9"), -1); // only ASCII letters fold
+    EXPECT_EQ(lookup.find("Doe", "Jan"), -1);
+    EXPECT_EQ(lookup.find("Doe,", "Jane"), -1);
+}
+
+} // namespace
+} // namespace zandolt

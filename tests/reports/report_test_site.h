@@ -1,0 +1,96 @@
+// A small site for the report tests: the report files in the program directory, employees written
+// to NAMES.TXT and read as a station reads them, a log of lines in the writer's form, the clock
+// set, and the files compared line by line.
+#pragma once
+
+#include "data/names_file.h"
+#include "support/scenario.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zandolt::testing {
+
+class ReportSite : public ScenarioTest
+{
+protected:
+    ReportSite()
+    {
+        App& a = *app_;
+        a.NamesPathFull = path("NAMES.TXT");
+        a.LogPath = path("LOG.TXT");
+        a.ReportTxtPath = path("REPORT.TXT");
+        a.ReportCsvPath = path("REPORT.CSV");
+        a.ExceptTxtPath = path("EXCEPT.TXT");
+        a.ExceptCsvPath = path("EXCEPT.CSV");
+        a.CompanyName = "Acme";
+        a.IgnoreWorkgroup = "";
+    }
+
+    void employees(const std::vector<Employee>& list)
+    {
+        writeEmployees(list);
+        ReadNamesFile(*app_);
+        ASSERT_EQ(app_->EmployeeCount, static_cast<int>(list.size()));
+    }
+    void log(const std::vector<std::string>& lines, const std::string& unended = "")
+    {
+        std::string text;
+        for (const std::string& l : lines)
+            text += l + "\r\n";
+        write("LOG.TXT", text + unended);
+    }
+    void now(int year, int month, int day, int hour, int minute, int second)
+    {
+        backend_->clock.setNow(DateTime{year, month, day, hour, minute, second, 0});
+    }
+    // The lines of a report file, each of which must end in CR LF.
+    std::vector<std::string> lines(const std::string& name)
+    {
+        const std::string text = read(name);
+        std::vector<std::string> out;
+        size_t at = 0;
+        while (at < text.size()) {
+            const size_t end = text.find("\r\n", at);
+            EXPECT_NE(end, std::string::npos) << "an unended last line in " << name;
+            if (end == std::string::npos)
+                break;
+            out.push_back(text.substr(at, end - at));
+            at = end + 2;
+        }
+        return out;
+    }
+    std::vector<std::string> prompts()
+    {
+        std::vector<std::string> out;
+        for (const auto& m : ui().messages())
+            out.push_back(m.prompt);
+        return out;
+    }
+};
+
+// An attendance string with the given letters at days of the year (1 = 1 January).
+inline std::string AttendanceWith(const std::map<int, char>& letters)
+{
+    std::string a(372, 'A');
+    for (const auto& [day, letter] : letters)
+        a[static_cast<size_t>(day - 1)] = letter;
+    return a;
+}
+
+inline Employee Person(const std::string& last, const std::string& first, const std::string& id,
+                       const std::string& wristEnable = "-1", const std::string& footEnable = "-1")
+{
+    Employee e;
+    e.last = last;
+    e.first = first;
+    e.id = id;
+    e.wristEnable = wristEnable;
+    e.footEnable = footEnable;
+    return e;
+}
+
+} // namespace zandolt::testing
