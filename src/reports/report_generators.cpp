@@ -1,13 +1,8 @@
 #include "reports/report_generators.h"
 
-#if __has_include("reports/monthly_report.h")
-#include "reports/monthly_report.h"
-#define ZANDOLT_HAS_MONTHLY 1
-#endif
-#if __has_include("reports/exception_reports.h")
 #include "reports/exception_reports.h"
-#define ZANDOLT_HAS_EXCEPTIONS 1
-#endif
+#include "reports/monthly_report.h"
+
 #if __has_include("reports/daily_logs.h")
 #include "reports/daily_logs.h"
 #define ZANDOLT_HAS_DAILY_LOGS 1
@@ -31,13 +26,9 @@ const ReportGenerators& AvailableReportGenerators()
 {
     static const ReportGenerators generators = [] {
         ReportGenerators g;
-#ifdef ZANDOLT_HAS_MONTHLY
         g.monthly = GenerateMonthlyReport;
-#endif
-#ifdef ZANDOLT_HAS_EXCEPTIONS
         g.exceptions = GenerateExceptionReport;
         g.twiceTested = GenerateTwiceTestedReport;
-#endif
 #ifdef ZANDOLT_HAS_DAILY_LOGS
         g.daily = GenerateDailyLog;
         g.individual = GenerateIndividualLog;

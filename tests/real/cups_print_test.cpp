@@ -83,14 +83,17 @@ public:
                       "#!/bin/sh\n"
                       "# Without arguments: the device's description. Otherwise the job into a file of its own.\n"
                       "if [ $# -eq 0 ]; then echo 'direct capture \"Unknown\" \"Capture to a file\"'; exit 0; fi\n"
-                      "out=" + r + "/out/job-$1\n"
-                      "if [ -n \"$6\" ]; then cat \"$6\" > \"$out.part\"; else cat > \"$out.part\"; fi\n"
-                      "chmod 644 \"$out.part\"\n"
-                      "mv \"$out.part\" \"$out.pdf\"\n",
+                      "out=" +
+                          r +
+                          "/out/job-$1\n"
+                          "if [ -n \"$6\" ]; then cat \"$6\" > \"$out.part\"; else cat > \"$out.part\"; fi\n"
+                          "chmod 644 \"$out.part\"\n"
+                          "mv \"$out.part\" \"$out.pdf\"\n",
                       true) &&
-            writeFile(root + "/cupsd.conf", "Listen " + r + "/cups.sock\nLogLevel info\nBrowsing No\nWebInterface No\n"
-                                            "DefaultAuthType None\n<Location />\n  Order allow,deny\n  Allow all\n"
-                                            "</Location>\n") &&
+            writeFile(root + "/cupsd.conf", "Listen " + r +
+                                                "/cups.sock\nLogLevel info\nBrowsing No\nWebInterface No\n"
+                                                "DefaultAuthType None\n<Location />\n  Order allow,deny\n  Allow all\n"
+                                                "</Location>\n") &&
             writeFile(root + "/cups-files.conf", "ServerRoot " + r + "/etc\nServerBin " + r + "/bin\nRequestRoot " + r +
                                                      "/spool\nTempDir " + r + "/tmp\nCacheDir " + r +
                                                      "/cache\nStateDir " + r + "/state\nAccessLog " + r +
@@ -130,7 +133,10 @@ public:
     }
 
     // The text of job n, laid out as on the page; empty when it did not come within 30 seconds.
-    QString jobText(int n) { return waitForJob(n) ? run("/usr/bin/pdftotext", {"-layout", jobPath(n), "-"}) : QString(); }
+    QString jobText(int n)
+    {
+        return waitForJob(n) ? run("/usr/bin/pdftotext", {"-layout", jobPath(n), "-"}) : QString();
+    }
     // "landscape" or "portrait" from the job's first page.
     QString jobOrientation(int n)
     {

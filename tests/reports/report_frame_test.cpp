@@ -6,6 +6,7 @@
 #include "reports/report_frame.h"
 #include "reports/report_printing.h"
 #include "reports/report_prompts.h"
+#include "station/name_form.h"
 #include "support/scenario.h"
 
 #include <gtest/gtest.h>
@@ -299,6 +300,48 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
                  [this](Form&) { app_->individualEmployeeSelectionForm().CancelBut.userClick(); });
     AttendanceHandler(*app_, generator("ATTEND.TXT"));
     EXPECT_EQ(seen.size(), 1u);
+}
+
+} // namespace
+} // namespace zandolt::testing
+
+namespace zandolt::testing {
+namespace {
+
+// The entries whose generators are part of the station, through the main window's menu.
+class ReportMenu : public ReportFrame
+{
+};
+
+TEST_F(ReportMenu, MonthlyAndExceptionEntriesShowOrPrintWhatTheirGeneratorWrote)
+{
+    write("LOG.TXT", "Baker, Cy           , A-2                , 11-20-2026, 07:31:02, Wok, Lok, Rok, 1.5, 12, 11\r\n");
+    NameForm& main = app_->nameForm();
+    ASSERT_TRUE(main.mnuDisplayReport.enabled());
+    ui().answerInputBox("month number", "11");
+    ui().answerInputBox("work group", "A");
+    main.mnuDisplayReport.userClick();
+    const std::string report = read("REPORT.TXT");
+    EXPECT_NE(report.find("Baker"), std::string::npos);
+    EXPECT_EQ(report.find("Zeta"), std::string::npos);
+    EXPECT_EQ(viewer().TextBox1.text(), report);
+    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Monthly Test Report");
+    EXPECT_TRUE(printer().documents().empty());
+
+    ui().answerInputBox("month number", "11");
+    ui().answerInputBox("work group", "A");
+    main.mnuPrintReport.userClick();
+    ASSERT_EQ(printer().documents().size(), 1u);
+    std::string printedText;
+    for (const std::string& line : printer().documents()[0].lines)
+        printedText += line + "\r\n";
+    EXPECT_EQ(printedText, report);
+
+    ui().answerInputBox("work group", "B");
+    main.mnuExceptions2.userClick();
+    EXPECT_EQ(app_->ReportDate, DateSerial(2026, 11, 22));
+    EXPECT_EQ(viewer().TextBox1.text(), read("EXCEPT.TXT"));
+    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Exceptions Test Report");
 }
 
 } // namespace

@@ -46,12 +46,10 @@ bool CartoonShowsMarks(const CartoonForm& c)
 std::vector<Shot> AllShots()
 {
     return {
-        {"main-window", ShootMainWindow},      {"title-screen", ShootTitleScreen},
-        {"press-window", ShootPressWindow},    {"test-window-pass", ShootTestPassed},
-        {"test-window-fail", ShootTestFailed},
-        {"monthly-report-viewer", ShootMonthlyReport},
-        {"employee-chooser", ShootEmployeeChooser},
-        {"help-window", ShootHelpWindow},
+        {"main-window", ShootMainWindow},           {"title-screen", ShootTitleScreen},
+        {"press-window", ShootPressWindow},         {"test-window-pass", ShootTestPassed},
+        {"test-window-fail", ShootTestFailed},      {"monthly-report-viewer", ShootMonthlyReport},
+        {"employee-chooser", ShootEmployeeChooser}, {"help-window", ShootHelpWindow},
     };
 }
 
