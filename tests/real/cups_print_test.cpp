@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QPrinterInfo>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -94,11 +95,11 @@ public:
                                                 "/cups.sock\nLogLevel info\nBrowsing No\nWebInterface No\n"
                                                 "DefaultAuthType None\n<Location />\n  Order allow,deny\n  Allow all\n"
                                                 "</Location>\n") &&
-            writeFile(root + "/cups-files.conf", "ServerRoot " + r + "/etc\nServerBin " + r + "/bin\nRequestRoot " + r +
-                                                     "/spool\nTempDir " + r + "/tmp\nCacheDir " + r +
-                                                     "/cache\nStateDir " + r + "/state\nAccessLog " + r +
-                                                     "/log/access_log\nErrorLog " + r + "/log/error_log\nPageLog " + r +
-                                                     "/log/page_log\nSandboxing Relaxed\n");
+            writeFile(root + "/cups-files.conf",
+                      "ServerRoot " + r + "/etc\nServerBin " + r + "/bin\nRequestRoot " + r + "/spool\nTempDir " + r +
+                          "/tmp\nCacheDir " + r + "/cache\nStateDir " + r + "/state\nAccessLog " + r +
+                          "/log/access_log\nErrorLog " + r + "/log/error_log\nPageLog " + r +
+                          "/log/page_log\nPrintcap " + r + "/printcap\nSandboxing Relaxed\n");
         if (!written)
             return QStringLiteral("cannot write the scheduler's configuration");
         cupsd_.start(QStringLiteral("/usr/sbin/cupsd"),
@@ -132,10 +133,15 @@ public:
         }
     }
 
-    // The text of job n, laid out as on the page; empty when it did not come within 30 seconds.
+    // The text of job n, laid out as on the page; when it did not come within 30 seconds, what the
+    // printer layer and the scheduler said instead.
     QString jobText(int n)
     {
-        return waitForJob(n) ? run("/usr/bin/pdftotext", {"-layout", jobPath(n), "-"}) : QString();
+        if (waitForJob(n))
+            return run("/usr/bin/pdftotext", {"-layout", jobPath(n), "-"});
+        return QStringLiteral("[no job %1; default printer \"%2\"; scheduler log: %3]")
+            .arg(n)
+            .arg(QPrinterInfo::defaultPrinterName(), readLog());
     }
     // "landscape" or "portrait" from the job's first page.
     QString jobOrientation(int n)
@@ -164,7 +170,8 @@ private:
         return QFileInfo::exists(jobPath(n));
     }
 
-    QTemporaryDir dir_;
+    // A path without blanks: the backend is a shell script.
+    QTemporaryDir dir_{QStringLiteral("/tmp/zandolt-cups-XXXXXX")};
     QProcess cupsd_;
 };
 
@@ -262,7 +269,9 @@ TEST_F(CupsPrinting, APassTagReachesThePrinter)
     app_->FirstName[0] = "Jane";
     app_->CurrentEmployee = 0;
     PrintTag(*app_);
-    const QString text = cups_->jobText(++jobs_);
+    const int job = ++jobs_;
+    const QString text = cups_->jobText(job);
+    EXPECT_EQ(cups_->jobOrientation(job), "portrait");
     EXPECT_TRUE(text.contains("ESD FOOTWEAR TEST")) << text.toStdString();
     EXPECT_TRUE(text.contains("PASS")) << text.toStdString();
     EXPECT_TRUE(text.contains("Jane Doe")) << text.toStdString();
