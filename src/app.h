@@ -26,6 +26,8 @@ class PrinterCheckForm;
 class DispForm;
 class HelpForm;
 class IndividualEmployeeSelectionForm;
+class UnKnowFo;
+class CertExForm;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -73,6 +75,8 @@ public:
     DispForm& dispForm();
     HelpForm& helpForm();
     IndividualEmployeeSelectionForm& individualEmployeeSelectionForm();
+    UnKnowFo& unKnowFo();
+    CertExForm& certExForm();
 
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
@@ -91,6 +95,8 @@ private:
     std::unique_ptr<Form> dispForm_;
     std::unique_ptr<Form> helpForm_;
     std::unique_ptr<Form> individualEmployeeSelectionForm_;
+    std::unique_ptr<Form> unKnowFo_;
+    std::unique_ptr<Form> certExForm_;
 };
 
 } // namespace zandolt

@@ -1,7 +1,6 @@
 #include "automation/tag_printing.h"
 
 #include "app.h"
-#include "data/text_lines.h"
 #include "station/err_msg_frm.h"
 
 #include <cstdio>
@@ -26,6 +25,28 @@ std::string timeAndDate(App& app)
     return std::string(time) + " " + app.locale.shortDate(now);
 }
 
+// The lines of a text; `whole` says whether a last line without its line end counts, which it
+// does not when the reading broke off inside it.
+std::vector<std::string> splitLines(const std::string& text, bool whole)
+{
+    std::vector<std::string> lines;
+    size_t start = 0;
+    while (start < text.size()) {
+        size_t end = text.find('\n', start);
+        if (end == std::string::npos) {
+            if (!whole)
+                break;
+            end = text.size();
+        }
+        std::string line = text.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        lines.push_back(line);
+        start = end + 1;
+    }
+    return lines;
+}
+
 } // namespace
 
 std::string FillTagTemplateLine(const std::string& line, const std::string& timeAndDate, const std::string& name)
@@ -46,7 +67,11 @@ void PrintTag(App& app)
     if (app.TagType == 2) {
         for (const std::string& line : {std::string("ESD FOOTWEAR TEST"), std::string("   PASS"), timeAndDate(app),
                                         name, std::string(), std::string()})
-            app.printer.printLine(line);
+            if (!app.printer.printLine(line)) {
+                // Nobody at the station would know that the tag never came.
+                ShowTimedError(app, "Error printing the pass tag");
+                return;
+            }
         app.printer.endDoc();
         return;
     }
@@ -54,23 +79,24 @@ void PrintTag(App& app)
         return;
 
     std::string text;
-    const FileResult opened = app.files.readAll(app.ZebraPath, text);
-    if (opened == FileResult::NotFound || opened == FileResult::Busy) {
+    const FileResult read = app.files.readAll(app.ZebraPath, text);
+    if (read != FileResult::Ok && read != FileResult::ReadFailed) {
         ShowTimedError(app, "Error opening file" + app.ZebraPath);
         return;
     }
-    if (opened != FileResult::Ok) {
-        ShowTimedError(app, "Error reading file" + app.ZebraPath);
-        return;
-    }
+    // The lines read before a read that failed are printed; then the message, the document open.
     const std::string stamp = timeAndDate(app);
-    for (const std::string& line : SplitTextLines(text)) {
+    for (const std::string& line : splitLines(text, read == FileResult::Ok)) {
         if (line.find(';') != std::string::npos)
             continue; // a comment, also behind a command
         if (!app.printer.printLine(FillTagTemplateLine(line, stamp, name))) {
             ShowTimedError(app, "Error printing to Zebra printer");
             return;
         }
+    }
+    if (read == FileResult::ReadFailed) {
+        ShowTimedError(app, "Error reading file" + app.ZebraPath);
+        return;
     }
     app.printer.endDoc();
 }

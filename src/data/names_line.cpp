@@ -102,143 +102,69 @@ Step password(const LineField& f, bool lineDone, std::string& column)
     return after(f);
 }
 
-// The columns in the order of the file's fields, from FirstName on.
-enum Column {
-    FirstNameCol = 1,
-    IdCol,
-    WristMinCol,
-    WristMaxCol,
-    FootMinCol,
-    FootMaxCol,
-    WristEnableCol,
-    FootEnableCol,
-    LeaveStatusCol,
-    LeaveStartCol,
-    LeaveStopCol,
-    CertTypeCol,
-    CertExpiryCol,
-    AttendanceCol,
-    CertWarningCol,
-    PasswordCol,
-    UpdateFlagCol,
-    ColumnCount
-};
-
-// The defaults of a short line for the columns from `first` on.
-void setDefaults(EmployeeTable& t, size_t r, int first, const NameLineContext& context)
+// Every default of a row after its last name.
+void setDefaults(EmployeeTable& t, size_t r, const NameLineContext& context)
 {
-    switch (first) {
-    case FirstNameCol:
-        t.FirstName[r] = "zzz";
-        [[fallthrough]];
-    case IdCol:
-        t.IDNum[r] = NumberText(static_cast<int>(r));
-        [[fallthrough]];
-    case WristMinCol:
-        t.WristMin[r] = -1;
-        [[fallthrough]];
-    case WristMaxCol:
-        t.WristMax[r] = -1;
-        [[fallthrough]];
-    case FootMinCol:
-        t.FootMin[r] = -1;
-        [[fallthrough]];
-    case FootMaxCol:
-        t.FootMax[r] = -1;
-        [[fallthrough]];
-    case WristEnableCol:
-        t.WristEnable[r] = True;
-        [[fallthrough]];
-    case FootEnableCol:
-        t.FootEnable[r] = True;
-        [[fallthrough]];
-    case LeaveStatusCol:
-        t.LeaveStatus[r] = "E";
-        [[fallthrough]];
-    case LeaveStartCol:
-        t.LeaveStart[r] = context.today;
-        [[fallthrough]];
-    case LeaveStopCol:
-        t.LeaveStop[r] = context.today;
-        [[fallthrough]];
-    case CertTypeCol:
-        t.CertType[r] = "1";
-        [[fallthrough]];
-    case CertExpiryCol:
-        t.CertExpiry[r] = context.today;
-        [[fallthrough]];
-    case AttendanceCol:
-        t.Attendance[r].assign(AttendanceLength, 'A');
-        [[fallthrough]];
-    case CertWarningCol:
-        t.CertWarning[r] = 0;
-        [[fallthrough]];
-    case PasswordCol:
-        t.EmpPassword[r].clear();
-        [[fallthrough]];
-    case UpdateFlagCol:
-        t.UpdateFlag[r] = 0;
-        break;
-    default:
-        break;
-    }
+    t.FirstName[r] = "zzz";
+    t.IDNum[r] = NumberText(static_cast<int>(r));
+    t.WristMin[r] = -1;
+    t.WristMax[r] = -1;
+    t.FootMin[r] = -1;
+    t.FootMax[r] = -1;
+    t.WristEnable[r] = True;
+    t.FootEnable[r] = True;
+    t.LeaveStatus[r] = "E";
+    t.LeaveStart[r] = context.today;
+    t.LeaveStop[r] = context.today;
+    t.CertType[r] = "1";
+    t.CertExpiry[r] = context.today;
+    t.Attendance[r].assign(AttendanceLength, 'A');
+    t.CertWarning[r] = 0;
+    t.EmpPassword[r].clear();
+    t.UpdateFlag[r] = 0;
 }
 
-// The fields after the last name, in the order of the file, each stored where it stands. Returns
-// the first column that the line left out, ColumnCount for a line that has them all, or -1 when
-// the row can't be kept.
-int readFields(LineFields& fields, EmployeeTable& t, size_t r, const NameLineContext& context)
+// The fields after the last name, in the order of the file, each stored where it stands, until
+// the line ends. False when the row can't be kept.
+bool readFields(LineFields& fields, EmployeeTable& t, size_t r, const NameLineContext& context)
 {
-    int column = FirstNameCol;
-    auto done = [&column](Step s) { return s == Step::Fail ? -1 : s == Step::Stored ? column + 1 : column; };
+    auto done = [](Step s) { return s != Step::Fail; };
     Step s;
     if ((s = text(fields.next(), t.FirstName[r])) != Step::Next)
         return done(s);
-    ++column;
     if ((s = text(fields.next(), t.IDNum[r])) != Step::Next)
         return done(s);
     for (float* limitColumn : {&t.WristMin[r], &t.WristMax[r], &t.FootMin[r], &t.FootMax[r]}) {
-        ++column;
         if ((s = limit(fields.next(), *limitColumn)) != Step::Next)
             return done(s);
     }
     for (int16* enableColumn : {&t.WristEnable[r], &t.FootEnable[r]}) {
-        ++column;
         if ((s = enable(fields.next(), *enableColumn)) != Step::Next)
             return done(s);
     }
-    ++column;
     if ((s = text(fields.next(), t.LeaveStatus[r])) != Step::Next)
         return done(s);
     for (Date* dateColumn : {&t.LeaveStart[r], &t.LeaveStop[r]}) {
-        ++column;
         if ((s = date(fields.next(), *dateColumn, context)) != Step::Next)
             return done(s);
     }
-    ++column;
     if ((s = text(fields.next(), t.CertType[r])) != Step::Next)
         return done(s);
-    ++column;
     if ((s = date(fields.next(), t.CertExpiry[r], context)) != Step::Next)
         return done(s);
-    ++column;
     if ((s = attendance(fields.next(), t.Attendance[r])) != Step::Next)
         return done(s);
-    ++column;
     LineField f = fields.next();
     if ((s = warning(f, fields.done(), t.CertWarning[r])) != Step::Next)
         return done(s);
-    ++column;
     f = fields.next();
     if ((s = password(f, fields.done(), t.EmpPassword[r])) != Step::Next)
         return done(s);
     // The update flag is the last field, blank or not; whatever follows it is ignored.
-    ++column;
     f = fields.next();
-    if (f.text.empty())
-        return column;
-    t.UpdateFlag[r] = NumericPrefix(f.text) != 0 ? True : False;
-    return ColumnCount;
+    if (!f.text.empty())
+        t.UpdateFlag[r] = NumericPrefix(f.text) != 0 ? True : False;
+    return true;
 }
 
 } // namespace
@@ -253,11 +179,10 @@ NameLineResult ReadNameLine(LineFields& fields, EmployeeTable& table, int& row, 
         return NameLineResult::Failed;
     const size_t r = static_cast<size_t>(row);
     table.LastName[r].assign(last.text);
-    const int leftOut = readFields(fields, table, r, context);
-    if (leftOut < 0)
-        return NameLineResult::Failed;
-    setDefaults(table, r, leftOut, context);
-    return NameLineResult::Row;
+    // The row takes every default before its fields, so that a line that fails part-way leaves
+    // nothing of the row's earlier occupant behind.
+    setDefaults(table, r, context);
+    return readFields(fields, table, r, context) ? NameLineResult::Row : NameLineResult::Failed;
 }
 
 void SplitIdField(std::string& id, std::string& badge)

@@ -32,10 +32,16 @@ std::string megohms(float value, int width)
         return "0.00";
     if (value < 0 || std::isnan(value))
         return "-1.00";
-    double v = static_cast<double>(value);
-    long long whole = std::llround(v - 0.4999999);
-    long long hundredths = RoundHalfEven(v * 100) % 100;
+    const double v = static_cast<double>(value);
     char buf[64];
+    // From 2^24 on every single-precision value is a whole number: its hundredths are 0, and its
+    // digits are printed in full, as no integer type holds the largest of them.
+    if (v >= 16777216.0) {
+        std::snprintf(buf, sizeof buf, "%0*.0f.00", width, v);
+        return buf;
+    }
+    const long long whole = std::llround(v - 0.4999999);
+    const long long hundredths = RoundHalfEven(v * 100) % 100;
     std::snprintf(buf, sizeof buf, "%0*lld.%02lld", width, whole, hundredths);
     return buf;
 }

@@ -12,7 +12,9 @@
 
 namespace zandolt {
 
-enum class FileResult { Ok, NotFound, Busy, Failed };
+// Failed: the file could not be opened or written (a folder is no file to open). ReadFailed: it
+// was opened, but a read failed part-way.
+enum class FileResult { Ok, NotFound, Busy, Failed, ReadFailed };
 
 struct DirEntry
 {
@@ -45,16 +47,20 @@ public:
     virtual std::string modTimeText(const std::string& path) = 0;
     virtual std::int64_t size(const std::string& path) = 0;
 
-    // The whole file, taken under a shared lock.
+    // The whole file, taken under a shared lock. When a read fails part-way, `out` holds what was
+    // read before it.
     virtual FileResult readAll(const std::string& path, std::string& out) = 0;
     // Opens the file to be read in pieces. Each piece is read under a shared lock of its own, so that
     // a station appending a line waits for one piece at most, never for a whole scan, and an
     // append lands whole between two pieces.
     virtual FileResult openRead(const std::string& path, std::unique_ptr<FileReader>& reader) = 0;
-    // Appends under an exclusive lock, creating the file when it is missing.
+    // Appends under an exclusive lock, creating the file when it is missing. A write that fails is
+    // cut back, so that the data are in the file whole or not at all.
     virtual FileResult append(const std::string& path, const std::string& data) = 0;
     // Replaces the whole file: written beside it and renamed over it, so that no reader ever sees
-    // half of it.
+    // half of it. A name that is a symbolic link keeps its link and the file it names is replaced;
+    // the file keeps its permissions and, where the process may set it, its owner. Where no file
+    // can be created beside it, the file is rewritten in place instead.
     virtual FileResult replace(const std::string& path, const std::string& data) = 0;
 
     virtual std::vector<DirEntry> list(const std::string& directory) = 0;

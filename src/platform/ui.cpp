@@ -426,9 +426,15 @@ void Form::redesign()
     designing_ = true;
     for (Control* c : controls_)
         c->resetProperties();
+    // The form's own values return too: what design() leaves unset is the default of every form.
     caption_.clear();
+    width_ = scaleWidth_ = DefaultWidth;
+    height_ = scaleHeight_ = DefaultHeight;
+    backColor_ = colors::SysButtonFace;
     windowState_ = 0;
     enabled_ = true;
+    fixedDialog_ = false;
+    keyPreview_ = false;
     focused_ = nullptr;
     design();
     designing_ = false;
@@ -503,6 +509,7 @@ void Form::Load()
     if (loaded_)
         return;
     loaded_ = true;
+    ++loadCount_;
     loading_ = true;
     ui_.formLoaded(*this);
     Form_Load();
@@ -527,8 +534,11 @@ void Form::ShowModal()
         throw std::logic_error("Form " + name_ + " is already shown modally");
     visible_ = true;
     modal_ = true;
+    const unsigned load = loadCount_;
     ui_.formShown(*this, true);
-    modal_ = false;
+    // A window loaded anew meanwhile is no longer this showing's.
+    if (loadCount_ == load)
+        modal_ = false;
 }
 
 void Form::Hide()
@@ -552,6 +562,7 @@ void Form::Unload(UnloadMode mode)
         return;
     loaded_ = false;
     visible_ = false;
+    modal_ = false;
     ui_.formUnloaded(*this);
     redesign();
 }
@@ -562,6 +573,7 @@ void Form::discard()
         return;
     loaded_ = false;
     visible_ = false;
+    modal_ = false;
     ui_.formUnloaded(*this);
 }
 

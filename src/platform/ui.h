@@ -406,11 +406,16 @@ public:
     bool loaded() const { return loaded_; }
     bool visible() const { return visible_; }
     bool modal() const { return modal_; }
+    // Counts the loads: each load is a new window, and a modal showing belongs to the one it began
+    // with.
+    unsigned loadCount() const { return loadCount_; }
 
     // Creates the window without showing it; runs Form_Load the first time.
     void Load();
     void Show();
-    // Shows the window and returns when it has been hidden or unloaded; events go on meanwhile.
+    // Shows the window and returns when it has been hidden or unloaded; events go on meanwhile. A
+    // window unloaded and loaded again while an earlier modal showing waits is a new window and may
+    // be shown modally in its turn; showing the same window modally twice is a fault of the caller.
     void ShowModal();
     void Hide();
     // Closes the window: QueryUnload and Unload may cancel; then the window goes and the controls
@@ -469,8 +474,9 @@ private:
     std::vector<MenuItem*> allMenus_; // every entry
     Control* focused_ = nullptr;
     std::string caption_;
-    int width_ = 4800, height_ = 3600;
-    int scaleWidth_ = 4800, scaleHeight_ = 3600;
+    static constexpr int DefaultWidth = 4800, DefaultHeight = 3600;
+    int width_ = DefaultWidth, height_ = DefaultHeight;
+    int scaleWidth_ = DefaultWidth, scaleHeight_ = DefaultHeight;
     Color backColor_ = colors::SysButtonFace;
     int windowState_ = 0;
     bool enabled_ = true;
@@ -479,6 +485,7 @@ private:
     bool loaded_ = false;
     bool visible_ = false;
     bool modal_ = false;
+    unsigned loadCount_ = 0;
     bool loading_ = false;
     bool designing_ = true;
 

@@ -159,19 +159,11 @@ private:
         }
     }
 
-    // A strap that is not required reads as an open circuit, which is no fault.
     void finishCodes()
     {
         for (size_t r = 0; r < employees_.size(); ++r) {
             auto& c = employees_[r].codes;
-            const bool wristRequired = app_.WristEnable[r] != 0, footRequired = app_.FootEnable[r] != 0;
-            if (!wristRequired && footRequired && c[Wrist] == 'H')
-                c[Wrist] = '-';
-            if (wristRequired && !footRequired) {
-                for (Strap foot : {Left, Right})
-                    if (c[foot] == 'H')
-                        c[foot] = '-';
-            }
+            ClearOpenCircuitHighs(app_, static_cast<int>(r), c[Wrist], c[Left], c[Right]);
         }
     }
 
@@ -212,9 +204,7 @@ private:
     // The three characters of a row: the day's leave letter three times, or the strap codes.
     std::string_view dayCells(size_t r, char (&cells)[3]) const
     {
-        const std::string& attendance = app_.Attendance[r];
-        const size_t position = static_cast<size_t>(DayOfYear(app_.ReportDate));
-        const char letter = position <= attendance.size() ? attendance[position - 1] : 'A';
+        const char letter = AttendanceLetter(app_, static_cast<int>(r), app_.ReportDate);
         const auto& c = employees_[r].codes;
         for (size_t i = 0; i < 3; ++i)
             cells[i] = letter != 'A' ? letter : c[i];

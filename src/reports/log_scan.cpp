@@ -45,10 +45,6 @@ DateTime dateTimeOf(Date date)
     return t;
 }
 
-} // namespace
-
-namespace {
-
 // The places of the first commas of a line, at most `max` of them; how many there are. A log line
 // is read at every report, and a log may hold millions, so the commas are found sixteen bytes at a
 // time.
@@ -206,9 +202,12 @@ bool LogDateDigits(std::string_view date, int& month, int& day, int& year)
     if (date.size() < 10)
         return false;
     unsigned d[10];
-    for (size_t i = 0; i < 10; ++i)
+    bool digits = true;
+    for (size_t i : {0, 1, 3, 4, 6, 7, 8, 9}) {
         d[i] = DigitValue(date[i]);
-    if ((d[0] | d[1] | d[3] | d[4] | d[6] | d[7] | d[8] | d[9]) > 9)
+        digits = digits && d[i] <= 9;
+    }
+    if (!digits)
         return false;
     month = static_cast<int>(d[0] * 10 + d[1]);
     day = static_cast<int>(d[3] * 10 + d[4]);
@@ -222,6 +221,28 @@ char StatusCode(std::string_view status, char strap)
         return 0;
     const std::string_view verdict = status.substr(1);
     return verdict == "ok" ? 'g' : verdict == "lo" ? 'L' : verdict == "hi" ? 'H' : 0;
+}
+
+void ClearOpenCircuitHighs(const EmployeeTable& table, int row, char& wrist, char& left, char& right)
+{
+    const size_t r = static_cast<size_t>(row);
+    const bool wristRequired = table.WristEnable[r] != 0, footRequired = table.FootEnable[r] != 0;
+    if (!wristRequired && footRequired && wrist == 'H')
+        wrist = '-';
+    if (wristRequired && !footRequired) {
+        for (char* foot : {&left, &right})
+            if (*foot == 'H')
+                *foot = '-';
+    }
+}
+
+char AttendanceLetter(const EmployeeTable& table, int row, Date date)
+{
+    const std::string& attendance = table.Attendance[static_cast<size_t>(row)];
+    const int position = DayOfYear(date);
+    return position >= 1 && static_cast<size_t>(position) <= attendance.size()
+               ? attendance[static_cast<size_t>(position - 1)]
+               : 'A';
 }
 
 std::string_view ExtractWorkGroup(std::string_view id)

@@ -59,6 +59,14 @@ bool LogDateDigits(std::string_view date, int& month, int& day, int& year);
 // "hi"; 0 for anything else ("W- ", "ComFail", "*"), which leaves the strap's code as it was.
 char StatusCode(std::string_view status, char strap);
 
+// A strap that is not required reads as an open circuit, which is no fault: a high wrist of a
+// foot-only employee and high feet of a wrist-only one become "-". Only "H" is rewritten.
+void ClearOpenCircuitHighs(const EmployeeTable& table, int row, char& wrist, char& left, char& right);
+
+// The employee's attendance letter of a date ('A': nothing to report). The string has one place per
+// day of a single year and no year of its own, so a date of another year reads the present letters.
+char AttendanceLetter(const EmployeeTable& table, int row, Date date);
+
 // The text of an ID in front of its first "-"; empty when it has none or begins with it.
 std::string_view ExtractWorkGroup(std::string_view id);
 // True when no work group is asked for, or the ID's work group is exactly the one asked for.

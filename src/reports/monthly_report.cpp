@@ -120,26 +120,14 @@ bool scanLog(App& app, int reportYear, Grids& grids, UnknownNames& unknown)
     }
 }
 
-// A strap that is not required reads as an open circuit, which is no fault; a leave letter stands
-// over the day's tests.
+// Highs of straps that are not required cleared, and a leave letter over the day's tests.
 void finishGrids(const App& app, int reportYear, int days, Grids& grids)
 {
     for (int e = 0; e < app.EmployeeCount; ++e) {
-        const size_t r = static_cast<size_t>(e);
-        const bool wristRequired = app.WristEnable[r] != 0, footRequired = app.FootEnable[r] != 0;
-        for (int day = 1; day <= 31; ++day) {
-            if (!wristRequired && footRequired && grids.at(e, day, Wrist) == 'H')
-                grids.at(e, day, Wrist) = '-';
-            if (wristRequired && !footRequired) {
-                for (Strap foot : {Left, Right})
-                    if (grids.at(e, day, foot) == 'H')
-                        grids.at(e, day, foot) = '-';
-            }
-        }
-        const std::string& attendance = app.Attendance[r];
+        for (int day = 1; day <= 31; ++day)
+            ClearOpenCircuitHighs(app, e, grids.at(e, day, Wrist), grids.at(e, day, Left), grids.at(e, day, Right));
         for (int day = 1; day <= days; ++day) {
-            const size_t position = static_cast<size_t>(DayOfYear(DateSerial(reportYear, app.ReportMonth, day)));
-            const char letter = position <= attendance.size() ? attendance[position - 1] : 'A';
+            const char letter = AttendanceLetter(app, e, DateSerial(reportYear, app.ReportMonth, day));
             if (letter != 'A')
                 grids.at(e, day, Wrist) = grids.at(e, day, Left) = grids.at(e, day, Right) = letter;
         }

@@ -1,5 +1,6 @@
 #include "station/card_readers.h"
 
+#include "admin/unknown_enrolment.h"
 #include "app.h"
 #include "data/number_text.h"
 #include "station/err_msg_frm.h"
@@ -158,9 +159,9 @@ void ReadCardData(App& app)
             break;
         }
     }
-    // Unknown cards are not enrolled at this station: the catch-all row is the only way in.
     if (app.CurrentEmployee < 0)
-        app.CurrentEmployee = static_cast<int16>(CatchAllRow(app));
+        app.CurrentEmployee = static_cast<int16>(app.AddUnknownFlag != 0 ? AddUnknownEmployee(app, std::to_string(card))
+                                                                         : CatchAllRow(app));
     if (app.CurrentEmployee < 0)
         showCardNotFound(app, app.UseBadgeToIdentifyFlag == 0 ? "Sorry, your name was not found."
                                                               : "Sorry, your ID was not found");
@@ -191,7 +192,8 @@ void HandleGeneralRS232Reading(App& app)
             app.CurrentEmployee = static_cast<int16>(row);
     }
     if (app.CurrentEmployee < 0)
-        app.CurrentEmployee = static_cast<int16>(CatchAllRow(app));
+        app.CurrentEmployee =
+            static_cast<int16>(app.AddUnknownFlag != 0 ? AddUnknownEmployee(app, trimmed) : CatchAllRow(app));
     if (app.CurrentEmployee < 0)
         ShowErrorWindow(app, "ID not found",
                         app.UseBadgeToIdentifyFlag == 0 ? "Sorry, your name was not found,"

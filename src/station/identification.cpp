@@ -1,6 +1,7 @@
 #include "station/identification.h"
 
 #include "admin/certification.h"
+#include "admin/unknown_enrolment.h"
 #include "app.h"
 #include "data/dates.h"
 #include "data/number_text.h"
@@ -161,12 +162,14 @@ void IdentifyTypedText(App& app)
             app.CurrentEmployee = static_cast<int16>(row);
     }
 
-    // A text with a digit is a number, unless ", " makes it a name.
-    const bool isNumber = std::any_of(typed.begin(), typed.end(), [](char c) { return c >= '0' && c <= '9'; }) &&
-                          typed.find(", ") == std::string::npos;
+    // A text with a digit is a number, unless ", " makes it a name. Only a number may enrol.
+    const bool isNumber = std::any_of(trimmed.begin(), trimmed.end(), [](char c) { return c >= '0' && c <= '9'; }) &&
+                          trimmed.find(", ") == std::string::npos;
     if (app.CurrentEmployee < 0) {
-        // Unknown IDs are not enrolled at this station: the catch-all row is the only way in.
-        app.CurrentEmployee = static_cast<int16>(CatchAllRow(app));
+        if (app.AddUnknownFlag == 0 || !isNumber)
+            app.CurrentEmployee = static_cast<int16>(CatchAllRow(app));
+        else
+            app.CurrentEmployee = static_cast<int16>(AddUnknownEmployee(app, trimmed));
     }
 
     if (app.CurrentEmployee >= 0)

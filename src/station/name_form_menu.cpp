@@ -1,7 +1,9 @@
 // The menu bar of the main window. Entries whose windows are not part of this station yet stay in
 // the menu, disabled, so that the bar keeps its order and nothing offers what it cannot do.
+#include "admin/cert_ex_form.h"
 #include "admin/passwords.h"
 #include "admin/title_form.h"
+#include "admin/unknown_form.h"
 #include "app.h"
 #include "reports/help_menu.h"
 #include "reports/log_menu.h"
@@ -37,11 +39,14 @@ void NameForm::wireMenus()
     mnuChangePassWord.Click = [this] { ChangeAdminPassword(app_); };
     mnuUsePassWord.Click = [this] { UseAdminPassword(app_); };
     mnuAbout.Click = [this] { ShowTitleScreen(app_); };
+    mnuUnknownID.setEnabled(true);
+    mnuUnknownID.Click = [this] { ShowUnknownIdConfiguration(app_); };
+    mnuCertExp.setEnabled(true);
+    mnuCertExp.Click = [this] { ShowCertificationConfiguration(app_); };
     wireReportMenus();
 }
 
-// The Reports and Help entries. A report entry is enabled only where its generator is part of the
-// station.
+// The Reports and Help entries.
 void NameForm::wireReportMenus()
 {
     const auto wire = [](MenuItem& item, std::function<void()> click) {

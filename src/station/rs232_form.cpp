@@ -1,6 +1,7 @@
 #include "station/rs232_form.h"
 
 #include "admin/passwords.h"
+#include "admin/unknown_enrolment.h"
 #include "app.h"
 #include "build_info.h"
 #include "data/number_text.h"
@@ -43,6 +44,22 @@ void runHook(App& app, const std::string& file, const std::string& arguments)
 {
     const std::string path = app.files.resolve(app.AppDir + file);
     app.programs.run("sh " + QuoteForShell(path) + arguments, app.AppDir);
+}
+
+// The command that sets the station's clock from the network: the first line of NETTIME.TXT in
+// the program directory, or the build's own. A station seldom has the right to set the clock; the
+// build's command asks sudo without a prompt, so it works where the site allows it and fails
+// quietly elsewhere.
+std::string networkTimeCommand(App& app)
+{
+    std::string text;
+    if (app.files.readAll(app.AppDir + "NETTIME.TXT", text) == FileResult::Ok) {
+        const size_t end = text.find_first_of("\r\n");
+        text.resize(end == std::string::npos ? text.size() : end);
+        if (text.find_first_not_of(' ') != std::string::npos)
+            return text;
+    }
+    return build_info::TimeCommand;
 }
 
 } // namespace
@@ -175,6 +192,7 @@ void RS232Form::wire()
     LeaveFormTimer.Tick = [this] { LeaveFormTimer_Timer(); };
     Timer1.Tick = [this] { ReceiveWindowOver(app_); };
     CancelButton.Click = [this] { Unload(); };
+    CancelButton.KeyDown = [this](int&, int) { CancelButton_KeyDown(app_); };
     PasswordBut.Click = [this] { ChangeEmployeeTestPassword(app_); };
 }
 
@@ -201,17 +219,13 @@ void RS232Form::Form_Load()
     CancelButton.setCaption(text(144));
     VacationBut.setCaption(text(145));
 
-    // A site's hooks: one to synchronise files, and the time command that sets the station's clock,
-    // which the log's time stamps rest on. Their mere presence counts.
+    // A site's hooks: one to synchronise files, and the network time command that sets the
+    // station's clock, which the log's time stamps rest on. NET.BAT or NET.PIF switches the latter
+    // on by its mere presence; what it holds plays no part.
     if (app_.files.exists(app_.AppDir + "SYNCH.BAT"))
         runHook(app_, "SYNCH.BAT", "");
-    if (app_.files.exists(app_.AppDir + "NET.BAT"))
-        runHook(app_, "NET.BAT",
-                std::string(" TIME ") + QuoteForShell(std::string("\\\\") + build_info::TimeServer) + " /set /yes");
-    else if (app_.files.exists(app_.AppDir + "NET.PIF"))
-        app_.programs.run(std::string("NET TIME ") + QuoteForShell(std::string("\\\\") + build_info::TimeServer) +
-                              " /set /yes",
-                          app_.AppDir);
+    if (app_.files.exists(app_.AppDir + "NET.BAT") || app_.files.exists(app_.AppDir + "NET.PIF"))
+        app_.programs.run(networkTimeCommand(app_), app_.AppDir);
 
     setCaption(app_.CompanyName + " " + text(102));
     app_.nameForm().setEnabled(false);

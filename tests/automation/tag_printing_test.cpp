@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace zandolt::testing {
 namespace {
 
@@ -96,6 +98,36 @@ TEST_F(TagPrinting, AMissingTemplateOrAPrinterThatFailsIsSaidAndPrintingStops)
     EXPECT_EQ(errors[1], "Error printing to Zebra printer");
     for (const auto& d : documents())
         EXPECT_FALSE(d.ended);
+}
+
+TEST_F(TagPrinting, AFolderIsNoTemplateAndABrokenReadPrintsTheLinesBeforeIt)
+{
+    app_->TagType = 1;
+    std::filesystem::create_directory(path("ZEBRA.TXT"));
+    PrintTag(*app_);
+    ASSERT_EQ(errors.size(), 1u);
+    EXPECT_EQ(errors[0], "Error opening file" + path("ZEBRA.TXT"));
+    EXPECT_TRUE(documents().empty());
+
+    // The read breaks inside the third line: two lines are printed and the document stays open.
+    std::filesystem::remove(path("ZEBRA.TXT"));
+    write("ZEBRA.TXT", "^XA\r\n^FD---name---\r\n^XZ\r\n");
+    backend_->files.breakReadAfter(22);
+    PrintTag(*app_);
+    ASSERT_EQ(errors.size(), 2u);
+    EXPECT_EQ(errors[1], "Error reading file" + path("ZEBRA.TXT"));
+    ASSERT_EQ(documents().size(), 1u);
+    EXPECT_EQ(documents()[0].lines, (std::vector<std::string>{"^XA", "^FDJane Doe"}));
+    EXPECT_FALSE(documents()[0].ended);
+}
+
+TEST_F(TagPrinting, AGenericTagThatCannotBePrintedIsSaid)
+{
+    app_->TagType = 2;
+    backend_->printer.failPrint = true;
+    PrintTag(*app_);
+    ASSERT_EQ(errors.size(), 1u);
+    EXPECT_EQ(errors[0], "Error printing the pass tag");
 }
 
 } // namespace

@@ -172,6 +172,30 @@ TEST_F(NameLine, AFieldThatIsNoDateEndsTheLine)
     EXPECT_EQ(t.CertType[0], "1");
 }
 
+TEST_F(NameLine, ALineThatFailsPartWayKeepsNothingOfTheRowsEarlierOccupant)
+{
+    std::string attendance = AllA;
+    attendance[9] = 'S';
+    ASSERT_EQ(readLine(upToAttendance() + attendance + ", 3, secret, 1"), NameLineResult::Row);
+    row = -1;
+    // The foot enable is beyond 16 bits: the fields before it are stored, the rest are defaults.
+    ASSERT_EQ(readLine("New, Name, 5, 1, 2, 3, 4, 0, 99999, V"), NameLineResult::Failed);
+    EXPECT_EQ(t.FirstName[0], "Name");
+    EXPECT_EQ(t.IDNum[0], "5");
+    EXPECT_FLOAT_EQ(t.FootMax[0], 4.0f);
+    EXPECT_EQ(t.WristEnable[0], 0);
+    EXPECT_EQ(t.FootEnable[0], -1);
+    EXPECT_EQ(t.LeaveStatus[0], "E");
+    EXPECT_EQ(t.LeaveStart[0], context.today);
+    EXPECT_EQ(t.LeaveStop[0], context.today);
+    EXPECT_EQ(t.CertType[0], "1");
+    EXPECT_EQ(t.CertExpiry[0], context.today);
+    EXPECT_EQ(t.Attendance[0], AllA);
+    EXPECT_EQ(t.CertWarning[0], 0);
+    EXPECT_EQ(t.EmpPassword[0], "");
+    EXPECT_EQ(t.UpdateFlag[0], 0);
+}
+
 TEST_F(NameLine, ADateBetweenCommasIsReadAsWrittenButTheLastOneAsTyped)
 {
     const std::string upToStatus = "A, B, 1, 1, 1, 1, 1, -1, 0, S, ";

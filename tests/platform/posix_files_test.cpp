@@ -1,11 +1,13 @@
 // Files as the stations share them: names in any case, locks that make a second holder wait,
 // replacement that never shows half a file.
+#include "platform/headless/faulty_files.h"
 #include "platform/system/posix_files.h"
 #include "support/station_fixture.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <memory>
 #include <thread>
 
@@ -112,6 +114,44 @@ TEST_F(PosixFilesTest, ReplaceSwapsTheWholeFileAndLeavesNoTemporary)
     EXPECT_EQ(files.replace("NAMES.TXT", "new contents"), FileResult::Ok);
     EXPECT_EQ(testing::ReadTextFile(at("Names.txt")), "new contents");
     EXPECT_EQ(files.list(dir.path()).size(), 1u);
+}
+
+TEST_F(PosixFilesTest, ALinkedFileIsReplacedBehindItsLinkWithItsPermissions)
+{
+    namespace fs = std::filesystem;
+    fs::create_directory(at("share"));
+    testing::WriteTextFile(at("share/NAMES.TXT"), "old");
+    fs::permissions(at("share/NAMES.TXT"), fs::perms(0640));
+    fs::create_symlink("share/NAMES.TXT", at("Names.txt"));
+    EXPECT_EQ(files.replace("NAMES.TXT", "new contents"), FileResult::Ok);
+    EXPECT_TRUE(fs::is_symlink(at("Names.txt")));
+    EXPECT_EQ(testing::ReadTextFile(at("share/NAMES.TXT")), "new contents");
+    EXPECT_EQ(fs::status(at("share/NAMES.TXT")).permissions(), fs::perms(0640));
+    EXPECT_EQ(files.list(at("share")).size(), 1u);
+}
+
+TEST(FaultyDiskFiles, AFileThatCannotGetANeighbourIsRewrittenInPlace)
+{
+    TempDir dir;
+    headless::FaultyDisk disk{dir.path()};
+    testing::WriteTextFile(dir.path() + "/ZANDOLT.INI", "a longer old content");
+    disk.refuseNewFiles(true);
+    EXPECT_EQ(disk.replace("zandolt.ini", "new"), FileResult::Ok);
+    EXPECT_EQ(testing::ReadTextFile(dir.path() + "/ZANDOLT.INI"), "new");
+    // A file that isn't there yet can't be made there either.
+    EXPECT_EQ(disk.replace("OTHER.TXT", "x"), FileResult::Failed);
+}
+
+TEST(FaultyDiskFiles, AnAppendThatFailsPartWayIsCutBack)
+{
+    TempDir dir;
+    headless::FaultyDisk disk{dir.path()};
+    ASSERT_EQ(disk.append("LOG.TXT", "one\r\n"), FileResult::Ok);
+    disk.failWriteAfter(2);
+    EXPECT_EQ(disk.append("LOG.TXT", "two\r\n"), FileResult::Failed);
+    EXPECT_EQ(testing::ReadTextFile(dir.path() + "/LOG.TXT"), "one\r\n");
+    EXPECT_EQ(disk.append("LOG.TXT", "two\r\n"), FileResult::Ok);
+    EXPECT_EQ(testing::ReadTextFile(dir.path() + "/LOG.TXT"), "one\r\ntwo\r\n");
 }
 
 TEST_F(PosixFilesTest, CopyKeepsTheModificationTime)

@@ -146,6 +146,41 @@ TEST_F(WindowModelTest, UnloadGivesBackTheDesignValues)
     EXPECT_EQ(form.OptionB.value(), 0);
 }
 
+TEST_F(WindowModelTest, AReloadGivesBackTheFormsOwnValuesToo)
+{
+    form.Show();
+    form.setBackColor(colors::SysMenuBar);
+    form.setSize(9000, 7000);
+    form.setFixedDialog(true);
+    form.setKeyPreview(true);
+    form.Unload();
+    form.Load();
+    EXPECT_EQ(form.backColor(), colors::SysButtonFace);
+    EXPECT_EQ(form.width(), 4800);
+    EXPECT_EQ(form.scaleHeight(), 3600);
+    EXPECT_FALSE(form.fixedDialog());
+    EXPECT_FALSE(form.keyPreview());
+}
+
+TEST_F(WindowModelTest, AWindowLoadedAnewWhileItsModalShowingWaitsIsShownModallyInItsTurn)
+{
+    // From within the first showing: unload, load and show modally again. The new showing waits
+    // until its window closes; then the first ends too, and the window can be shown once more.
+    ui.onModal("SampleForm", [](Form& f) {
+        f.Unload();
+        f.Load();
+        f.ShowModal();
+        EXPECT_FALSE(f.loaded());
+    });
+    ui.onModal("SampleForm", [](Form& f) { f.Unload(); });
+    form.ShowModal();
+    EXPECT_FALSE(form.modal());
+    EXPECT_EQ(ui.journal(), (std::vector<std::string>{"modal SampleForm", "modal SampleForm"}));
+    ui.onModal("SampleForm", [](Form& f) { f.Unload(); });
+    form.ShowModal();
+    EXPECT_EQ(ui.journal().size(), 3u);
+}
+
 TEST_F(WindowModelTest, AQueryUnloadThatCancelsKeepsTheWindow)
 {
     form.Show();

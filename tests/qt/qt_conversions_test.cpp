@@ -164,6 +164,7 @@ TEST(QtLocaleForms, TypedDatesTakeTheLocalesFormsFirst)
     EXPECT_EQ(ReadTypedDate(gb, "03/04/2026", 2026), april3);
     EXPECT_EQ(ReadTypedDate(gb, "31/12/45", 2026), DateSerial(2045, 12, 31));
     EXPECT_EQ(ReadTypedDate(de, "03.04.26", 2026), april3);
+    EXPECT_EQ(ReadTypedDate(de, "3.4.2026", 2026), april3);
     EXPECT_EQ(ReadTypedDate(de, "2026-04-03", 2026), april3); // typed, not the locale's
     EXPECT_EQ(ReadTypedDate(c, "3/4/2026", 2026), march4);
     EXPECT_EQ(ReadTypedDate(gb, "31/02/2026", 2026), 0);

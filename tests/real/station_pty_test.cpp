@@ -5,6 +5,7 @@
 #include "admin/title_form.h"
 #include "app.h"
 #include "platform/qt/qt_backend.h"
+#include "pty_support.h"
 #include "station/err_msg_frm.h"
 #include "station/name_form.h"
 #include "station/rs232_form.h"
@@ -36,19 +37,6 @@ namespace {
 
 const QString DemoDir = QStringLiteral(ZANDOLT_SOURCE_DIR "/resources/demo");
 
-std::string readFile(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll().toStdString() : std::string();
-}
-
-void writeFile(const QString& path, const std::string& text)
-{
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate)) << path.toStdString();
-    f.write(text.data(), static_cast<qint64>(text.size()));
-}
-
 // The log's time stamps of every second from `from` to `to`: the line is written in between.
 std::set<std::string> stampsBetween(const DateTime& from, const DateTime& to)
 {
@@ -75,32 +63,13 @@ std::set<std::string> stampsBetween(const DateTime& from, const DateTime& to)
     return stamps;
 }
 
-struct EmulatorRun
-{
-    int exitCode = -1;
-    std::vector<std::string> lines;
-
-    std::vector<std::string> starting(const std::string& prefix) const
-    {
-        std::vector<std::string> out;
-        for (const std::string& l : lines)
-            if (l.rfind(prefix, 0) == 0)
-                out.push_back(l);
-        return out;
-    }
-};
-
 class StationOverPty : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
         ASSERT_TRUE(dir.isValid());
-        socat.start(QStringLiteral(ZANDOLT_SOCAT), {"pty,raw,echo=0,link=" + dir.filePath("ttyStation"),
-                                                    "pty,raw,echo=0,link=" + dir.filePath("ttyTester")});
-        ASSERT_TRUE(QTest::qWaitFor(
-            [&] { return QFile::exists(dir.filePath("ttyStation")) && QFile::exists(dir.filePath("ttyTester")); },
-            5000));
+        ASSERT_TRUE(startPtyPair(socat, dir.filePath("ttyStation"), dir.filePath("ttyTester")));
 
         // The demo station, but on the real tester port 1, which the port map puts on the pair.
         std::string ini = readFile(DemoDir + "/ZANDOLT.INI");
@@ -152,10 +121,7 @@ protected:
         app.reset();
         backend.reset();
         QDir::setCurrent(previousDirectory);
-        if (socat.state() != QProcess::NotRunning) {
-            socat.terminate();
-            socat.waitForFinished(3000);
-        }
+        stopProcess(socat);
         for (const std::string& m : messages)
             EXPECT_NE(m.find("Printer problem"), std::string::npos) << "unexpected message: " << m;
     }
@@ -175,27 +141,7 @@ protected:
     // running all the while.
     EmulatorRun runEmulator(const QStringList& commands, int waitMs)
     {
-        QStringList args{dir.filePath("ttyTester")};
-        for (const QString& c : commands)
-            args << "--cmd" << c;
-        args << "--wait-ms" << QString::number(waitMs);
-        QProcess emulator;
-        emulator.start(QStringLiteral(ZANDOLT_TESTER_EMULATOR), args);
-        EmulatorRun run;
-        if (!QTest::qWaitFor([&] { return emulator.state() == QProcess::NotRunning; }, waitMs + 10000)) {
-            emulator.kill();
-            emulator.waitForFinished(2000);
-            ADD_FAILURE() << "the emulator did not end";
-            return run;
-        }
-        run.exitCode = emulator.exitStatus() == QProcess::NormalExit ? emulator.exitCode() : -1;
-        for (const QByteArray& line : emulator.readAllStandardOutput().split('\n'))
-            if (!line.isEmpty())
-                run.lines.push_back(line.toStdString());
-        // The emulator's side of the conversation, for whoever reads the test's output.
-        for (const std::string& l : run.lines)
-            std::printf("  emulator: %s\n", l.c_str());
-        return run;
+        return qt::runEmulator(dir.filePath("ttyTester"), {}, commands, waitMs);
     }
 
     // The one line of the log, once the verdict has written it; empty when none came.

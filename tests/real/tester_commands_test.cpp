@@ -1,5 +1,7 @@
 // The tester emulator's commands, without a device: the exact text each command puts on the wire,
 // the meter's range and the rocker switch, the lines it refuses, and how bytes are shown.
+#include "reader_commands.h"
+#include "station/card_readers.h"
 #include "station/verdict.h"
 #include "tester_commands.h"
 
@@ -129,6 +131,36 @@ TEST(TesterCommands, HelpSaysWhetherTheDtrPulseCanBeSeen)
     EXPECT_NE(pty.find("can't be seen"), std::string::npos);
     EXPECT_EQ(pty.find("DTR low"), std::string::npos);
     EXPECT_NE(DtrNote(true).find("DTR low"), std::string::npos);
+}
+
+TEST(ReaderCommands, EachReaderPutsItsCardOnTheWireAsTheStationReadsIt)
+{
+    auto data = [](const std::string& line) {
+        const TesterCommand c = ParseTesterCommand(line);
+        EXPECT_EQ(c.kind, CommandKind::Send) << line << ": " << c.error;
+        EXPECT_FALSE(c.awaitsAnswer) << line;
+        return c.bytes;
+    };
+    const char one = static_cast<char>(0xFF), zero = static_cast<char>(0x80);
+    EXPECT_EQ(data("hid 5a3"), "5A3\r\n");
+    EXPECT_EQ(data("HID card=180"), "B4\r\n");
+    EXPECT_EQ(data("casi card=11"), (std::string{one, zero, one, one}));
+    // The marker bit sits just above the digits: 5A3 is 0x15A3, padded to three bytes.
+    EXPECT_EQ(data("rw400 5A3"), std::string("\0\x15\xA3", 3));
+    EXPECT_EQ(data("rw400 card=12345"), "\x01\x30\x39");
+    EXPECT_EQ(data("rw400 1234567"), "\x11\x23\x45\x67");
+    EXPECT_EQ(data("rw400 ????"), "????");
+    EXPECT_EQ(data("rs232 Doe, Jane"), "Doe, Jane\r\n");
+
+    // The station's own reading gives the digits back, and with 1 bit skipped and 8 used, 180.
+    EXPECT_EQ(CasiBitsToHex(data("casi 5A3")), "5A3");
+    EXPECT_EQ(Rw400ToHex(data("rw400 5A3")), "5A3");
+    EXPECT_EQ(Rw400ToHex(data("rw400 1234567")), "1234567");
+    EXPECT_EQ(CardNumber("5A3", 1, 8), 180);
+
+    for (const char* bad : {"hid", "hid 5G", "casi card=", "casi card=-3", "rw400 12345678", "rs232"})
+        EXPECT_EQ(ParseTesterCommand(bad).kind, CommandKind::Invalid) << bad;
+    EXPECT_TRUE(ParseTesterCommand("pass").awaitsAnswer);
 }
 
 } // namespace

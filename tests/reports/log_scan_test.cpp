@@ -178,6 +178,18 @@ TEST(WorkGroups, TheGroupIsTheIdInFrontOfItsFirstHyphenAndTheFilterComparesItExa
     EXPECT_FALSE(PassesWorkGroupFilter(p, "abc-1"));
 }
 
+TEST(LogDates, TheWritersFormIsReadInPlaceAndNothingElse)
+{
+    int month = 0, day = 0, year = 0;
+    ASSERT_TRUE(LogDateDigits("03-15-2001", month, day, year));
+    EXPECT_EQ(std::vector<int>({month, day, year}), std::vector<int>({3, 15, 2001}));
+    EXPECT_TRUE(LogDateDigits("12/31/1999 ", month, day, year)); // the places count, not what is between
+    EXPECT_EQ(std::vector<int>({month, day, year}), std::vector<int>({12, 31, 1999}));
+    EXPECT_FALSE(LogDateDigits("3-15-2001", month, day, year));
+    EXPECT_FALSE(LogDateDigits("03-1a-2001", month, day, year));
+    EXPECT_FALSE(LogDateDigits(" 3-15-2001", month, day, year));
+}
+
 TEST(Megohms, DecimalsCountOnlyWithTwoOrThreeDigits)
 {
     EXPECT_FLOAT_EQ(ParseMegohms("12.34"), 12.34f);

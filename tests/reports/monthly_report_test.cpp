@@ -174,6 +174,22 @@ TEST_F(MonthlyReport, FebruaryHasThePresentYearsLength)
     EXPECT_EQ(text[8], "  1  Doe, Jane" + Blanks(25) + "A-1 " + Days(29, {{28, "ggg"}}, " "));
 }
 
+TEST_F(MonthlyReport, TheUnknownNamesStopAtAThousand)
+{
+    std::vector<std::string> logLines;
+    for (int i = 0; i <= 1000; ++i)
+        logLines.push_back("U" + std::to_string(1000 + i) + ", X, Z-1, 02-03-2026" + Good);
+    log(logLines);
+    app_->ReportMonth = 2;
+    ASSERT_TRUE(GenerateMonthlyReport(*app_));
+    const std::vector<std::string> text = lines("REPORT.TXT");
+    // Eight heading lines, five rows, two empty lines and the title, the names, an empty line.
+    ASSERT_EQ(text.size(), 8u + 5 + 3 + 1000 + 1);
+    EXPECT_EQ(text[16], "U1000, X");
+    EXPECT_EQ(text[1015], "U1999, X");
+    EXPECT_EQ(text[1016], "");
+}
+
 TEST_F(MonthlyReport, EachPhaseFailsWithItsMessageAndLeavesTheOldFiles)
 {
     write("REPORT.TXT", "old text\r\n");

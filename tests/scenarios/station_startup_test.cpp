@@ -177,6 +177,7 @@ TEST_F(StationStart, TheTickShowsTheTimeAndWhoTestedLast)
         s.EmployeeSelectionType = 1;
         s.ShowLastPerson = True;
     });
+    writeEmployees({Employee{}, Employee{.last = "Roe", .first = "Rick", .id = "4712"}});
     startStation();
     ui().advance(1000);
     EXPECT_EQ(main().TimeLabel.caption(), "Sunday, November 22, 2026   8:00:06 AM");
@@ -184,6 +185,10 @@ TEST_F(StationStart, TheTickShowsTheTimeAndWhoTestedLast)
     app_->LastPersonIndex = 0;
     ui().advance(1000);
     EXPECT_EQ(main().LastPersonLabel.caption(), " Last tested: Jane Doe");
+    // The label names the row in use, which a later search may have moved, not who tested.
+    app_->CurrentEmployee = 1;
+    ui().advance(1000);
+    EXPECT_EQ(main().LastPersonLabel.caption(), " Last tested: Rick Roe");
 }
 
 TEST_F(StationStart, ThePromptsBlinkEveryOtherSecond)

@@ -1,5 +1,6 @@
 // Whole visits at the station on virtual time: a name picked in the list, the tester's message,
 // the verdict on the screen, the answer to the tester, the log line, and the window's end.
+#include "build_info.h"
 #include "station/cartoon_form.h"
 #include "station/name_form.h"
 #include "station/press_form.h"
@@ -190,20 +191,57 @@ TEST_F(TestVisit, APortThatCannotDriveDtrStillCarriesTheByte)
     EXPECT_EQ(logLines().size(), 1u);
 }
 
+TEST_F(TestVisit, AnEmptyNetBatSetsTheClockByTheStationsOwnCommand)
+{
+    // The file only switches the command on; NETTIME.TXT's first line is the command.
+    write("NET.BAT", "");
+    write("NETTIME.TXT", "chronyc makestep\r\nnot this\r\n");
+    openTestWindow();
+    ASSERT_EQ(backend_->programs.runs.size(), 1u);
+    EXPECT_EQ(backend_->programs.runs[0].commandLine, "chronyc makestep");
+    EXPECT_EQ(backend_->programs.runs[0].directory, app_->AppDir);
+}
+
+TEST_F(TestVisit, NetPifAloneRunsTheBuildsTimeCommand)
+{
+    write("NET.PIF", "whatever");
+    openTestWindow();
+    ASSERT_EQ(backend_->programs.runs.size(), 1u);
+    EXPECT_EQ(backend_->programs.runs[0].commandLine, build_info::TimeCommand);
+}
+
 TEST_F(TestVisit, ALogFileHeldByAnotherStationIsWrittenOnceItIsFree)
 {
+    // Ten failures: the eleventh try, the last, writes the line.
     openTestWindow();
-    backend_->files.failAppends(3);
+    backend_->files.failAppends(10);
     tester(PassMessage());
     EXPECT_EQ(logLines().size(), 1u);
+    EXPECT_EQ(backend_->files.appendAttempts(), 11);
+    EXPECT_TRUE(ui().messages().empty());
+}
+
+TEST_F(TestVisit, AWriteThatFailsPartWayLeavesNoPieceOfTheLine)
+{
+    // The first try stops after ten bytes; they are cut away and the second try writes the line.
+    write("LOG.TXT", "earlier line\r\n");
+    openTestWindow();
+    backend_->realFiles.failWriteAfter(10);
+    tester(PassMessage());
+    const std::vector<std::string> lines = logLines();
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[0], "earlier line");
+    EXPECT_EQ(lines[1].substr(0, Jane.size()), Jane);
+    EXPECT_EQ(backend_->files.appendAttempts(), 2);
     EXPECT_TRUE(ui().messages().empty());
 }
 
 TEST_F(TestVisit, ALogFileThatNeverOpensGivesTheMessageAndTheOutcomeStands)
 {
     openTestWindow();
-    backend_->files.failAppends(11, FileResult::Failed);
+    backend_->files.failAppends(12, FileResult::Failed);
     tester(PassMessage());
+    EXPECT_EQ(backend_->files.appendAttempts(), 11);
     ASSERT_EQ(ui().messages().size(), 1u);
     EXPECT_EQ(ui().messages()[0].prompt, " Error opening Log file.  It may be in use. Please try again.");
     EXPECT_FALSE(exists("LOG.TXT"));

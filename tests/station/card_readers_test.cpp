@@ -43,17 +43,28 @@ TEST(CardData, Rw400DataLosesItsLeadingZerosAndItsMarkerBit)
 class CardReader : public ScenarioTest
 {
 protected:
-    void start(int barCode, int skip = 0, int use = 12)
+    void start(int barCode, int skip = 0, int use = 12, const std::function<void(Settings&)>& more = {},
+               Employee jane = Employee{.id = "ASM-4711:180"})
     {
         writeSettings([&](Settings& s) {
             s.BarCodeFlag = static_cast<int16>(barCode);
             s.EmployeeSelectionType = 2;
             s.SkipProxBits = static_cast<int16>(skip);
             s.UseProxMiddleBits = static_cast<int16>(use);
+            if (more)
+                more(s);
         });
-        writeEmployees({Employee{.id = "ASM-4711:180"}, Employee{.last = "Roe", .first = "Rick", .id = "4712:1443"}});
+        writeEmployees({jane, Employee{.last = "Roe", .first = "Rick", .id = "4712:1443"}});
         startStation();
+        ui().clearRecords();
     }
+    // The caption and the text of the next error window.
+    void watchError()
+    {
+        ui().onModal("ErrMsgFrm",
+                     [this](Form& f) { error = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
+    }
+    std::string error;
     headless::LoopbackLine& reader() { return line(2); }
 };
 
@@ -95,6 +106,27 @@ TEST_F(CardReader, AnUnknownCardIsToldAndTheStationWaits)
     EXPECT_EQ(app_->nameForm().NameOrIDText.text(), "");
 }
 
+TEST_F(CardReader, AKnownCardWhileAnErrorIsUpOpensItsTestEvenWhenTheTesterPortFails)
+{
+    // The window of an unknown name typed at the station is up modally when a known card comes;
+    // the tester port then fails, and its own window replaces the first for its three seconds.
+    start(2, 0, 12);
+    line(1).failOpen = true;
+    std::string portTitle;
+    ui().onModal("ErrMsgFrm", [&](Form&) { reader().send("0B4\r\n"); });
+    ui().onModal("ErrMsgFrm", [&](Form& f) { portTitle = f.caption(); });
+    app_->nameForm().NameOrIDText.userEdit("Smith");
+    app_->nameForm().NameOrIDText.userKey(keys::Return, keys::Return);
+    EXPECT_EQ(portTitle, "Com port problem.");
+    EXPECT_FALSE(app_->errMsgFrm().loaded());
+    ASSERT_TRUE(testWindowOpen());
+    EXPECT_TRUE(app_->rs232Form().LeaveFormTimer.enabled());
+    // Nobody presses: thirty seconds later the window closes and the station waits again.
+    ui().advance(30000);
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_TRUE(app_->nameForm().enabled());
+}
+
 TEST_F(CardReader, ACasiCardIsReadTwoHundredMillisecondsAfterItsFirstPiece)
 {
     start(3, 0, 12);
@@ -106,6 +138,117 @@ TEST_F(CardReader, ACasiCardIsReadTwoHundredMillisecondsAfterItsFirstPiece)
     ui().advance(40);
     EXPECT_FALSE(testWindowOpen());
     ui().advance(20);
+    EXPECT_TRUE(testWindowOpen());
+}
+
+TEST_F(CardReader, AnRw400CardIsReadAfterASilenceAndThePortIsOpenedAgain)
+{
+    start(5, 0, 12);
+    EXPECT_EQ(reader().settings(), "57600,n,8,1");
+    EXPECT_FALSE(reader().nullDiscard()); // a zero byte is card data here
+    const int opens = reader().opens();
+    // 00 01 B4: the leading zero goes, 0x1B4 loses its marker bit 0x100, and B4 is 180.
+    reader().send(std::string("\0\x01", 2));
+    ui().advance(150);
+    EXPECT_FALSE(testWindowOpen()); // two characters are too few; they wait for more
+    EXPECT_EQ(reader().opens(), opens + 1);
+    reader().send("\xB4");
+    ui().advance(150);
+    ASSERT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Doe, Jane");
+    EXPECT_EQ(reader().opens(), opens + 2);
+
+    // The reader's word for a card it could not read neither ends the test nor identifies anyone.
+    reader().send("????");
+    ui().advance(150);
+    EXPECT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->ProxText, "");
+}
+
+TEST_F(CardReader, AGeneralRs232LineIsTrimmedAndFoundByBadgeOrName)
+{
+    start(4, 0, 12, [](Settings& s) { s.UseLastChars = 3; });
+    EXPECT_EQ(reader().settings(), "9600,n,8,1");
+    reader().send("XY1");
+    ui().advance(0);
+    EXPECT_EQ(app_->nameForm().NameOrIDText.text(), ""); // fewer than four characters
+    reader().send("80\r\n");
+    ui().advance(0);
+    ASSERT_TRUE(testWindowOpen()); // "XY180" cut to "180", Jane's badge
+    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Doe, Jane");
+
+    watchError();
+    reader().send("XY999\r\n");
+    ui().advance(0);
+    EXPECT_FALSE(testWindowOpen()); // the line ended the running test, and nobody has 999
+    EXPECT_EQ(error, "ID not found|Sorry, your ID was not found");
+}
+
+TEST_F(CardReader, WhereNamesCountAGeneralRs232LineIsAName)
+{
+    start(4, 0, 12, [](Settings& s) { s.EmployeeSelectionType = 1; });
+    reader().send("roe, rick\r\n");
+    ui().advance(0);
+    ASSERT_TRUE(testWindowOpen());
+    app_->rs232Form().CancelButton.userClick();
+    watchError();
+    reader().send("180\r\n"); // badges don't count here
+    ui().advance(0);
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_EQ(error, "ID not found|Sorry, your name was not found,");
+}
+
+TEST_F(CardReader, AnUnknownCardEnrolsUnderItsCardNumber)
+{
+    // 3039 hexadecimal is the card number 12345.
+    start(2, 0, 16, [](Settings& s) { s.AddUnknownFlag = 1; });
+    ui().answerMsgBox("The badge number 12345 was not found.\nAdd it to the list?", msgbox::Yes);
+    reader().send("3039\r\n");
+    ui().advance(0);
+    ASSERT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "12345, Number");
+    EXPECT_EQ(app_->EmployeeCount, 3);
+    EXPECT_EQ(app_->BadgeNum[2], "12345");
+}
+
+TEST_F(CardReader, AnUnknownGeneralRs232BadgeEnrolsAsTrimmed)
+{
+    start(4, 0, 12, [](Settings& s) {
+        s.AddUnknownFlag = 1;
+        s.SkipChars = 1;
+        s.UseLastChars = 4;
+    });
+    ui().answerMsgBox("The badge number 2345 was not found.", msgbox::Yes);
+    reader().send("X2345Y\r\n");
+    ui().advance(0);
+    ASSERT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "2345, Number");
+}
+
+TEST_F(CardReader, AnExpiredIdIsToldInTheTimedWindowAtAReader)
+{
+    // 22 November 2026 is day 326 of its year.
+    Employee expired{.id = "ASM-4711:180"};
+    expired.attendance = std::string(325, 'A') + "X" + std::string(46, 'A');
+    start(2, 0, 12, {}, expired);
+    watchError();
+    reader().send("0B4\r\n");
+    ui().advance(0);
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_EQ(error, "|Sorry, your ID has expired, please see system administrator (leave status = X).");
+    EXPECT_TRUE(ui().messages().empty());
+}
+
+TEST_F(CardReader, NoiseOnTheLineIsToldAndTheNextCardIsRead)
+{
+    start(2, 0, 12);
+    watchError();
+    reader().send("\x07~?\r\n"); // no hexadecimal digit: the card number 0, which nobody has
+    ui().advance(0);
+    EXPECT_EQ(error, "Error|Sorry, your ID was not found"); // the window's own title
+    EXPECT_EQ(app_->ProxText, "");
+    reader().send("0B4\r\n");
+    ui().advance(0);
     EXPECT_TRUE(testWindowOpen());
 }
 

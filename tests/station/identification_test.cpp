@@ -161,6 +161,27 @@ TEST_F(Identification, NumbersAndLettersTypedInTheListSelectARow)
     EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Bell, Jane");
 }
 
+TEST_F(Identification, BackspaceRoundsTheTypedNumberHalfToEven)
+{
+    start(0, std::vector<Employee>(25));
+    ListBox& list = main().List1;
+    list.userKey('1', '1');
+    list.userKey('5', '5');
+    EXPECT_EQ(list.listIndex(), 14);
+    list.userKey(keys::Back, keys::Back); // 1.5 rounds to 2
+    list.userKey('0', '0');
+    EXPECT_EQ(list.listIndex(), 19);      // 20
+    list.userKey(keys::Back, keys::Back); // 2
+    list.userKey(keys::Back, keys::Back); // 0.2 rounds to 0
+    list.userKey('2', '2');
+    list.userKey('5', '5');
+    EXPECT_EQ(list.listIndex(), 24);
+    list.userKey(keys::Back, keys::Back); // 2.5 rounds to 2, not 3
+    EXPECT_EQ(app_->TypedNumber, 2);
+    list.userKey('1', '1');
+    EXPECT_EQ(list.listIndex(), 20); // 21
+}
+
 TEST_F(Identification, TheEnterLeftOverFromAReaderIsDropped)
 {
     start(0, staff(), [](Settings& s) { s.BarCodeFlag = 1; });
@@ -170,6 +191,51 @@ TEST_F(Identification, TheEnterLeftOverFromAReaderIsDropped)
     main().List1.userKey(40, 0); // an arrow key
     main().List1.userKey(keys::Return, keys::Return);
     EXPECT_TRUE(testWindowOpen());
+}
+
+TEST_F(Identification, EachRowOfTheNotFoundTableForTypedText)
+{
+    // Selection types 2 (badges), 3 (IDs), 1 (names) and 4 (names and IDs), each with a number
+    // and a name that nobody has; the first fitting row of the table gives title and text.
+    const struct
+    {
+        int type;
+        std::string typed, seen;
+    } cases[] = {
+        {2, "9999", "Badge# not found|Badge unknown"},
+        {2, "Smith, Ann", "Incorrect entry|Sorry, names are not accepted, please enter your badge#"},
+        {3, "9999", "ID not found|Badge unknown"},
+        {3, "Smith, Ann", "Incorrect entry|Sorry, names are not accepted, please enter your ID#"},
+        {1, "Smith, Ann", "Incorrect entry|Sorry, your name was not found"},
+        {1, "Smith 2", "Incorrect entry|Sorry, your Badge# was not found"},
+        {4, "9999", "Incorrect entry|Sorry, your Badge# was not found"},
+    };
+    start(2, staff());
+    for (const auto& c : cases) {
+        writeSettings([&](Settings& s) {
+            s.EmployeeSelectionType = static_cast<int16>(c.type);
+            s.UnknownIdMessage = "Badge unknown";
+        });
+        ReadIniFile(*app_); // which empties the table, so the file is read again too
+        ReadNamesFile(*app_);
+        std::string seen;
+        ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
+        type(c.typed);
+        EXPECT_EQ(seen, c.seen) << c.type << " " << c.typed;
+        EXPECT_FALSE(testWindowOpen());
+    }
+}
+
+TEST_F(Identification, AnIdMarkedExpiredIsToldInAMessageBoxWhenTyped)
+{
+    Employee expired{.id = "ASM-4711"};
+    expired.attendance = std::string(325, 'A') + "X" + std::string(46, 'A');
+    start(3, {expired});
+    type("4711");
+    EXPECT_FALSE(testWindowOpen());
+    ASSERT_EQ(ui().messages().size(), 1u);
+    EXPECT_EQ(ui().messages()[0].prompt,
+              "Sorry, your ID has expired, please see system administrator (leave status = X).");
 }
 
 } // namespace

@@ -46,10 +46,16 @@ bool CartoonShowsMarks(const CartoonForm& c)
 std::vector<Shot> AllShots()
 {
     return {
-        {"main-window", ShootMainWindow},           {"title-screen", ShootTitleScreen},
-        {"press-window", ShootPressWindow},         {"test-window-pass", ShootTestPassed},
-        {"test-window-fail", ShootTestFailed},      {"monthly-report-viewer", ShootMonthlyReport},
-        {"employee-chooser", ShootEmployeeChooser}, {"help-window", ShootHelpWindow},
+        {"main-window", ShootMainWindow},
+        {"title-screen", ShootTitleScreen},
+        {"press-window", ShootPressWindow},
+        {"test-window-pass", ShootTestPassed},
+        {"test-window-fail", ShootTestFailed},
+        {"unknown-id-window", ShootUnknownIdWindow},
+        {"certification-window", ShootCertificationWindow},
+        {"monthly-report-viewer", ShootMonthlyReport},
+        {"employee-chooser", ShootEmployeeChooser},
+        {"help-window", ShootHelpWindow},
     };
 }
 

@@ -64,5 +64,7 @@ bool ShootTestFailed(ShotContext& ctx, const QString& file);
 bool ShootMonthlyReport(ShotContext& ctx, const QString& file);
 bool ShootEmployeeChooser(ShotContext& ctx, const QString& file);
 bool ShootHelpWindow(ShotContext& ctx, const QString& file);
+bool ShootUnknownIdWindow(ShotContext& ctx, const QString& file);
+bool ShootCertificationWindow(ShotContext& ctx, const QString& file);
 
 } // namespace zandolt::screenshots

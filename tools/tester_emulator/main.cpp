@@ -1,8 +1,10 @@
-// zandolt_tester_emulator DEVICE [--cmd "COMMAND"]... [--wait-ms MS]: plays the combo tester on a
-// serial device (in practice one end of a pseudo-terminal pair whose other end is the station's
-// tester port). Commands come from stdin, one per line, or from --cmd options; with --cmd the
-// emulator runs them in order, listens for the station's answer for up to --wait-ms (3000 when not
-// given), and ends.
+// zandolt_tester_emulator DEVICE [--reader KIND] [--cmd "COMMAND"]... [--wait-ms MS]: plays the combo
+// tester on a serial device (in practice one end of a pseudo-terminal pair whose other end is the
+// station's tester port), or with --reader a card reader on the station's reader port. Commands come from stdin, one
+// per line, or from --cmd options; with --cmd the emulator runs them in order, listens for the station's answer for up
+// to --wait-ms (3000 when not given), and ends.
+#include "reader_commands.h"
+#include "station/tester_link.h"
 #include "tester_commands.h"
 #include "tester_device.h"
 
@@ -65,7 +67,7 @@ public:
     // Whether a message went out and no byte has come since.
     bool awaitingAnswer() const { return sentAny_ && !answered_; }
 
-    bool send(const std::string& bytes)
+    bool send(const std::string& bytes, bool awaitsAnswer)
     {
         auto now = Clock::now();
         if (!takeWhatWaits(false, now))
@@ -75,8 +77,11 @@ public:
             return false;
         }
         say("SENT " + DisplayText(bytes));
-        sentAny_ = true;
-        answered_ = false;
+        // A reader's data gets no answer from the station; the last tester message may still.
+        if (awaitsAnswer) {
+            sentAny_ = true;
+            answered_ = false;
+        }
         return true;
     }
 
@@ -87,7 +92,7 @@ public:
         case CommandKind::Empty:
             return true;
         case CommandKind::Send:
-            return send(c.bytes);
+            return send(c.bytes, c.awaitsAnswer);
         case CommandKind::Wait:
             return listen(c.waitMs, false);
         case CommandKind::Help:
@@ -184,7 +189,8 @@ int interactive(Session& session, TesterDevice& device, int waitMs)
 
 int usage()
 {
-    std::fprintf(stderr, "usage: zandolt_tester_emulator DEVICE [--cmd \"COMMAND\"]... [--wait-ms MS]\n"
+    std::fprintf(stderr, "usage: zandolt_tester_emulator DEVICE [--reader hid|casi|rs232|rw400] [--cmd \"COMMAND\"]... "
+                         "[--wait-ms MS]\n"
                          "       zandolt_tester_emulator --help\n");
     return 2;
 }
@@ -196,16 +202,19 @@ int main(int argc, char** argv)
     std::string devicePath;
     std::vector<TesterCommand> commands;
     int waitMs = 3000;
+    std::string lineSettings = zandolt::TesterPortSettings;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
         if (arg == "--help" || arg == "-h") {
-            std::printf("usage: zandolt_tester_emulator DEVICE [--cmd \"COMMAND\"]... [--wait-ms MS]\n%s",
+            std::printf("usage: zandolt_tester_emulator DEVICE [--reader hid|casi|rs232|rw400] [--cmd \"COMMAND\"]... "
+                        "[--wait-ms MS]\n%s",
                         HelpText().c_str());
             std::printf("Without --cmd the commands come from stdin. With --cmd (repeatable) they run in order, then\n"
                         "the emulator listens for the answer for --wait-ms milliseconds (3000) and ends; so does\n"
                         "the end of stdin.\n"
                         "On a serial line the station's DTR pulse shows on DSR as \"DTR low\" and \"DTR high\";\n"
-                        "a pseudo-terminal has no modem lines, so there only the answer byte shows.\n");
+                        "a pseudo-terminal has no modem lines, so there only the answer byte shows.\n"
+                        "--reader sets the device to that reader's line settings (the tester's are 9600,N,7,1).\n");
             return 0;
         }
         if (arg == "--cmd" && i + 1 < argc) {
@@ -214,6 +223,11 @@ int main(int argc, char** argv)
                 std::fprintf(stderr, "zandolt_tester_emulator: %s\n", commands.back().error.c_str());
                 return 2;
             }
+        } else if (arg == "--reader" && i + 1 < argc) {
+            const ReaderKind* kind = FindReaderKind(argv[++i]);
+            if (!kind)
+                return usage();
+            lineSettings = kind->settings;
         } else if (arg == "--wait-ms" && i + 1 < argc) {
             char* end = nullptr;
             const long ms = std::strtol(argv[++i], &end, 10);
@@ -231,7 +245,7 @@ int main(int argc, char** argv)
 
     TesterDevice device;
     std::string error;
-    if (!device.open(devicePath, error)) {
+    if (!device.open(devicePath, lineSettings, error)) {
         std::fprintf(stderr, "zandolt_tester_emulator: %s\n", error.c_str());
         return 1;
     }

@@ -1,5 +1,7 @@
 #include "tester_commands.h"
 
+#include "reader_commands.h"
+
 #include <cctype>
 #include <charconv>
 #include <cmath>
@@ -190,6 +192,17 @@ TesterCommand ParseTesterCommand(const std::string& line)
             return invalid("raw: " + error);
         return sending(bytes);
     }
+    if (FindReaderKind(verb)) {
+        // Everything after the word, as for raw.
+        const size_t after = line.find_first_not_of(" \t") + verb.size();
+        const std::string args = after < line.size() ? line.substr(after + 1) : std::string();
+        std::string bytes, error;
+        if (!ReaderData(verb, args, bytes, error))
+            return invalid(verb + ": " + error);
+        TesterCommand c = sending(bytes);
+        c.awaitsAnswer = false;
+        return c;
+    }
     if (verb == "wait") {
         TesterCommand c;
         c.kind = CommandKind::Wait;
@@ -300,6 +313,13 @@ std::string HelpText()
            "  wait <ms>            listen for that long\n"
            "  help                 this list\n"
            "  quit                 end\n"
+           "A card reader on the station's reader port (start with --reader KIND for its line settings):\n"
+           "  hid 5A3 | hid card=180   an HID Prox line: the card's hexadecimal digits and CR LF\n"
+           "  casi 5A3 | casi card=180 Casi-Rusco/Wiegand: one character per bit, 0xFF for 1, 0x80 for 0\n"
+           "  rw400 5A3 | rw400 card=180  RW-400 binary: the number behind a marker bit, 3 or 4 bytes\n"
+           "  rw400 ????           the RW-400's word for a card it could not read\n"
+           "  rs232 <text>         a general RS232 reader's line: the text and CR LF\n"
+           "                       (a card cut in two: raw the first part, wait 50, raw the rest)\n"
            "Every message goes out as \"SENT <message>\", every byte from the station as \"RECV 0x..\".\n";
 }
 

@@ -13,8 +13,10 @@ enum class CommandKind { Empty, Send, Wait, Help, Quit, Invalid };
 struct TesterCommand
 {
     CommandKind kind = CommandKind::Empty;
-    // Send: the bytes that go on the wire, exactly.
+    // Send: the bytes that go on the wire, exactly, and whether the station answers them (a card
+    // reader's data gets no answer).
     std::string bytes;
+    bool awaitsAnswer = true;
     // Wait: how long to listen.
     int waitMs = 0;
     // Invalid: what is wrong with the line.
@@ -47,7 +49,8 @@ Measurement PassingMeasurement();
 Measurement WristHighMeasurement();
 
 // One line of input: pass, fail, garble, short, send W=.. L=.. R=.. [switch=..] [limits=a,b,c,d]
-// [form=2|3], raw <text>, wait <ms>, help, quit. Words are case-free; blank lines and lines starting
+// [form=2|3], raw <text>, the readers' hid|casi|rw400 <hex digits>|card=<n>, rw400 ????, rs232 <text>,
+// wait <ms>, help, quit. Words are case-free; blank lines and lines starting
 // with '#' are Empty.
 TesterCommand ParseTesterCommand(const std::string& line);
 

@@ -70,10 +70,13 @@ TesterDevice::~TesterDevice()
         ::close(fd_);
 }
 
-bool TesterDevice::open(const std::string& path, std::string& error)
+bool TesterDevice::open(const std::string& path, const std::string& lineSettings, std::string& error)
 {
     PortSettings wanted;
-    ParsePortSettings(TesterPortSettings, wanted);
+    if (!ParsePortSettings(lineSettings, wanted)) {
+        error = "no line settings: " + lineSettings;
+        return false;
+    }
 
     fd_ = ::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (fd_ < 0) {

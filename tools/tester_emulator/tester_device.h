@@ -14,9 +14,9 @@ public:
     TesterDevice(const TesterDevice&) = delete;
     TesterDevice& operator=(const TesterDevice&) = delete;
 
-    // Opens the device with the tester's settings, raw. A pseudo-terminal keeps 8 data bits, which
-    // is taken as it is. False, with the reason, when the device can't be opened or set at all.
-    bool open(const std::string& path, std::string& error);
+    // Opens the device with these line settings ("9600,N,7,1"), raw. A pseudo-terminal keeps 8 data
+    // bits, which is taken as it is. False, with the reason, when the device can't be opened or set.
+    bool open(const std::string& path, const std::string& lineSettings, std::string& error);
     int fd() const { return fd_; }
     // The settings in force, for example "9600 baud, 7 data bits, no parity, 1 stop bit".
     const std::string& settingsText() const { return settings_; }

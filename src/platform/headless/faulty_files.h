@@ -1,13 +1,58 @@
 // Real files with faults on demand: the next n reads, appends or replacements answer busy or
-// failed, as when another station holds a shared file; a file read in pieces may fail to open, or
-// fail in the middle, as a network share that goes away does.
+// failed, as when another station holds a shared file; a disk that stops a write part-way or
+// refuses new files; a file read in pieces that fails in the middle, as a network share that goes
+// away does.
 #pragma once
 
 #include "platform/files.h"
+#include "platform/system/posix_files.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstddef>
 
 namespace zandolt::headless {
+
+// Real files on a disk that fails on demand.
+class FaultyDisk : public system::PosixFiles
+{
+public:
+    using PosixFiles::PosixFiles;
+
+    // The next write stops with "no space left" once this many more bytes are written.
+    void failWriteAfter(long bytes) { writeLeft_ = bytes; }
+    // No new file can be created beside the existing ones, as on a share that lets a user write
+    // a file but not create one.
+    void refuseNewFiles(bool refuse) { refuseNew_ = refuse; }
+
+protected:
+    long writeSome(int fd, const char* data, std::size_t size) override
+    {
+        if (writeLeft_ < 0)
+            return PosixFiles::writeSome(fd, data, size);
+        if (writeLeft_ == 0) {
+            writeLeft_ = -1;
+            errno = ENOSPC;
+            return -1;
+        }
+        const long n = PosixFiles::writeSome(fd, data, std::min(size, static_cast<std::size_t>(writeLeft_)));
+        if (n > 0)
+            writeLeft_ -= n;
+        return n;
+    }
+    int createFile(const std::string& path, int flags, unsigned mode) override
+    {
+        if (refuseNew_) {
+            errno = EACCES;
+            return -1;
+        }
+        return PosixFiles::createFile(path, flags, mode);
+    }
+
+private:
+    long writeLeft_ = -1;
+    bool refuseNew_ = false;
+};
 
 class FaultyFiles : public Files
 {
@@ -17,7 +62,8 @@ public:
     void failReads(int n, FileResult how = FileResult::Busy) { reads_ = {n, how}; }
     void failAppends(int n, FileResult how = FileResult::Busy) { appends_ = {n, how}; }
     void failReplaces(int n, FileResult how = FileResult::Busy) { replaces_ = {n, how}; }
-    void failOpenReads(int n, FileResult how = FileResult::Busy) { openReads_ = {n, how}; }
+    // The next read breaks off after this many bytes of the file, which it gives with ReadFailed.
+    void breakReadAfter(long bytes) { readBreak_ = bytes; }
     // Every file opened for reading in pieces from now on fails its read once this many bytes have
     // come; a negative number ends the fault.
     void breakPieceReadsAfter(std::int64_t bytes) { breakAfter_ = bytes; }
@@ -33,12 +79,17 @@ public:
     FileResult readAll(const std::string& p, std::string& out) override
     {
         ++readAttempts_;
-        return reads_.take() ? reads_.how : real_.readAll(p, out);
+        if (reads_.take())
+            return reads_.how;
+        const FileResult r = real_.readAll(p, out);
+        if (r != FileResult::Ok || readBreak_ < 0)
+            return r;
+        out.resize(std::min(out.size(), static_cast<std::size_t>(readBreak_)));
+        readBreak_ = -1;
+        return FileResult::ReadFailed;
     }
     FileResult openRead(const std::string& p, std::unique_ptr<FileReader>& reader) override
     {
-        if (openReads_.take())
-            return openReads_.how;
         std::unique_ptr<FileReader> real;
         const FileResult result = real_.openRead(p, real);
         if (result == FileResult::Ok)
@@ -95,7 +146,8 @@ private:
         }
     };
     Files& real_;
-    Fault reads_, appends_, replaces_, openReads_;
+    Fault reads_, appends_, replaces_;
+    long readBreak_ = -1;
     std::int64_t breakAfter_ = -1;
     int readAttempts_ = 0, appendAttempts_ = 0, replaceAttempts_ = 0;
 };

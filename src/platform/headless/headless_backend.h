@@ -27,7 +27,7 @@ public:
     HeadlessUi ui;
     LoopbackSerial serial;
     CapturedPrinter printer;
-    system::PosixFiles realFiles;
+    FaultyDisk realFiles;
     FaultyFiles files;
     RecordedPrograms programs;
     FixedLocale locale;

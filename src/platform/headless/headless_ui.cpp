@@ -34,6 +34,9 @@ void HeadlessUi::formShown(Form& form, bool modal)
     if (!modal)
         return;
     modals_.push_back({form.name(), form.caption(), now()});
+    // An unload ends this showing even when the window is loaded again meanwhile: that is a new
+    // window with a showing of its own.
+    const unsigned load = form.loadCount();
     auto script = modalScripts_.find(form.name());
     if (script != modalScripts_.end() && !script->second.empty()) {
         auto action = std::move(script->second.front());
@@ -41,7 +44,7 @@ void HeadlessUi::formShown(Form& form, bool modal)
         action(form);
     }
     const std::int64_t start = now();
-    while (form.loaded() && form.visible()) {
+    while (form.loaded() && form.visible() && form.loadCount() == load) {
         if (!posted_.empty()) {
             deliverPosted();
             continue;

@@ -47,6 +47,30 @@ QString WithoutZone(const QString& format)
     return out;
 }
 
+// A date format that reads days and months typed with one digit or two: "dd" and "MM" become
+// "d" and "M", outside quoted text; the names of days and months ("ddd", "MMMM") stay.
+QString WithShortNumbers(const QString& format)
+{
+    QString out;
+    bool quoted = false;
+    for (qsizetype i = 0; i < format.size();) {
+        const QChar c = format[i];
+        if (c == QChar('\'')) {
+            quoted = !quoted;
+            out += c;
+            ++i;
+            continue;
+        }
+        qsizetype run = 1;
+        while (i + run < format.size() && format[i + run] == c)
+            ++run;
+        const bool number = !quoted && run == 2 && (c == QChar('d') || c == QChar('M'));
+        out += number ? QString(c) : format.mid(i, run);
+        i += run;
+    }
+    return out;
+}
+
 const char* const DayNames[] = {"Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"};
 const char* const MonthNames[] = {"January", "February", "March",     "April",   "May",      "June",
                                   "July",    "August",   "September", "October", "November", "December"};
@@ -136,18 +160,16 @@ std::optional<DateTime> QtLocale::readDate(std::string_view text, int presentYea
     if (!hasForms())
         return std::nullopt;
     const QString typed = TextToQt(std::string(text)).trimmed();
-    const QString shortForm = locale_.dateFormat(QLocale::ShortFormat);
-    QString longYear = shortForm;
-    if (!longYear.contains(QStringLiteral("yyyy")))
-        longYear.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
-    bool twoDigitYear = false;
-    QDate d;
-    if (longYear != shortForm) {
-        d = locale_.toDate(typed, shortForm);
-        twoDigitYear = d.isValid();
-    }
+    // The short form with a year of two digits and with one of four, whichever the locale writes.
+    QString twoDigits = WithShortNumbers(locale_.dateFormat(QLocale::ShortFormat));
+    if (!twoDigits.contains(QStringLiteral("yyyy")))
+        twoDigits.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    const QString fourDigits = twoDigits;
+    twoDigits.replace(QStringLiteral("yyyy"), QStringLiteral("yy"));
+    QDate d = locale_.toDate(typed, twoDigits);
+    const bool twoDigitYear = d.isValid();
     if (!d.isValid())
-        d = locale_.toDate(typed, longYear);
+        d = locale_.toDate(typed, fourDigits);
     if (!d.isValid())
         d = locale_.toDate(typed, QLocale::LongFormat);
     if (!d.isValid())

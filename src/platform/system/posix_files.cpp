@@ -26,21 +26,6 @@ bool equalsIgnoreCase(const std::string& a, const std::string& b)
     return true;
 }
 
-bool writeAll(int fd, const std::string& data)
-{
-    size_t done = 0;
-    while (done < data.size()) {
-        ssize_t n = ::write(fd, data.data() + done, data.size() - done);
-        if (n < 0) {
-            if (errno == EINTR)
-                continue;
-            return false;
-        }
-        done += static_cast<size_t>(n);
-    }
-    return true;
-}
-
 bool readFd(int fd, std::string& out)
 {
     out.clear();
@@ -75,6 +60,24 @@ struct Fd
     Fd(const Fd&) = delete;
     Fd& operator=(const Fd&) = delete;
 };
+
+// The file a name stands for: a symbolic link is followed, link by link, to the file it names,
+// which need not exist yet. The directory part is left as it is.
+std::string followLinks(std::string path)
+{
+    for (int hops = 0; hops < 40; ++hops) {
+        struct stat st;
+        if (::lstat(path.c_str(), &st) != 0 || !S_ISLNK(st.st_mode))
+            return path;
+        char buf[4096];
+        const ssize_t n = ::readlink(path.c_str(), buf, sizeof buf);
+        if (n <= 0 || static_cast<size_t>(n) >= sizeof buf)
+            return path;
+        const std::string to(buf, static_cast<size_t>(n));
+        path = to[0] == '/' ? to : path.substr(0, path.find_last_of('/') + 1) + to;
+    }
+    return path;
+}
 
 // Takes a lock of the given type on the whole file, waiting up to waitMs for another holder.
 bool lockWithin(int fd, short type, int waitMs)
@@ -129,6 +132,31 @@ private:
 };
 
 } // namespace
+
+long PosixFiles::writeSome(int fd, const char* data, std::size_t size)
+{
+    return static_cast<long>(::write(fd, data, size));
+}
+
+int PosixFiles::createFile(const std::string& path, int flags, unsigned mode)
+{
+    return ::open(path.c_str(), flags, static_cast<mode_t>(mode));
+}
+
+bool PosixFiles::writeAll(int fd, const std::string& data)
+{
+    size_t done = 0;
+    while (done < data.size()) {
+        const long n = writeSome(fd, data.data() + done, data.size() - done);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        done += static_cast<size_t>(n);
+    }
+    return true;
+}
 
 PosixFiles::PosixFiles(std::string currentDirectory) : cwd_(std::move(currentDirectory))
 {
@@ -220,9 +248,12 @@ FileResult PosixFiles::readAll(const std::string& path, std::string& out)
     Fd f(::open(resolve(path).c_str(), O_RDONLY | O_CLOEXEC));
     if (f.fd < 0)
         return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
+    struct stat st;
+    if (::fstat(f.fd, &st) != 0 || S_ISDIR(st.st_mode))
+        return FileResult::Failed;
     if (!lock(f.fd, false))
         return FileResult::Busy;
-    return readFd(f.fd, out) ? FileResult::Ok : FileResult::Failed;
+    return readFd(f.fd, out) ? FileResult::Ok : FileResult::ReadFailed;
 }
 
 FileResult PosixFiles::openRead(const std::string& path, std::unique_ptr<FileReader>& reader)
@@ -241,34 +272,56 @@ FileResult PosixFiles::append(const std::string& path, const std::string& data)
         return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
     if (!lock(f.fd, true))
         return FileResult::Busy;
-    return writeAll(f.fd, data) ? FileResult::Ok : FileResult::Failed;
+    // A record is whole or absent: a write that fails is cut back to where the file ended, while
+    // the lock still keeps the other writers out.
+    struct stat st;
+    if (::fstat(f.fd, &st) != 0)
+        return FileResult::Failed;
+    if (writeAll(f.fd, data))
+        return FileResult::Ok;
+    while (::ftruncate(f.fd, st.st_size) != 0 && errno == EINTR) {
+    }
+    return FileResult::Failed;
 }
 
 FileResult PosixFiles::replace(const std::string& path, const std::string& data)
 {
-    const std::string target = resolve(path);
+    // A link into a shared folder stays a link: the file it names is the one replaced.
+    const std::string target = followLinks(resolve(path));
     // Hold the old file while the new one takes its place, so that readers wait rather than read
     // a file in the middle of its replacement.
     Fd old(::open(target.c_str(), O_RDWR | O_CLOEXEC));
-    mode_t mode = 0666;
+    struct stat st = {};
     if (old.fd >= 0) {
         if (!lock(old.fd, true))
             return FileResult::Busy;
-        struct stat st;
-        if (::fstat(old.fd, &st) == 0)
-            mode = st.st_mode & 07777;
+        if (::fstat(old.fd, &st) != 0)
+            return FileResult::Failed;
     } else if (errno != ENOENT) {
         return FileResult::Failed;
     }
     static unsigned counter = 0;
-    size_t slash = target.find_last_of('/');
-    std::string temp = target.substr(0, slash + 1) + "." + target.substr(slash + 1) + ".new." +
-                       std::to_string(::getpid()) + "." + std::to_string(++counter);
-    Fd out(::open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-    if (out.fd < 0)
-        return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
-    if (old.fd >= 0)
-        ::fchmod(out.fd, mode);
+    const size_t slash = target.find_last_of('/');
+    const std::string temp = target.substr(0, slash + 1) + "." + target.substr(slash + 1) + ".new." +
+                             std::to_string(::getpid()) + "." + std::to_string(++counter);
+    Fd out(createFile(temp, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, old.fd >= 0 ? st.st_mode & 07777 : 0666));
+    if (out.fd < 0) {
+        if (old.fd < 0)
+            return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
+        // A share may let a user write the file but not create one beside it: the file is then
+        // rewritten where it stands, under the lock already held.
+        if (::ftruncate(old.fd, 0) != 0 || !writeAll(old.fd, data) || ::fsync(old.fd) != 0)
+            return FileResult::Failed;
+        return FileResult::Ok;
+    }
+    if (old.fd >= 0) {
+        // The owner first, as a change of owner may clear the set-id bits of the mode; a process
+        // that may not give the file away keeps it as its own.
+        if (::fchown(out.fd, st.st_uid, st.st_gid) != 0 && ::fchown(out.fd, static_cast<uid_t>(-1), st.st_gid) != 0) {
+            // Neither may be given away: the new file stays the process's own.
+        }
+        ::fchmod(out.fd, st.st_mode & 07777);
+    }
     if (!writeAll(out.fd, data) || ::fsync(out.fd) != 0 || ::rename(temp.c_str(), target.c_str()) != 0) {
         ::unlink(temp.c_str());
         return FileResult::Failed;

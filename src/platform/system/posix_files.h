@@ -4,6 +4,7 @@
 
 #include "platform/files.h"
 
+#include <cstddef>
 #include <string>
 
 namespace zandolt::system {
@@ -35,7 +36,15 @@ public:
     bool makeDirectory(const std::string& path) override;
     std::string currentDirectory() override;
 
+protected:
+    // The two steps of writing that a disk can refuse, apart so that tests can make them fail:
+    // one write(2), giving the bytes written or -1 with errno set; and the creation of a new file
+    // with open(2)'s flags, giving the descriptor or -1 with errno set.
+    virtual long writeSome(int fd, const char* data, std::size_t size);
+    virtual int createFile(const std::string& path, int flags, unsigned mode);
+
 private:
+    bool writeAll(int fd, const std::string& data);
     // Backslashes become slashes and a relative path is taken from the current directory.
     std::string native(const std::string& path);
     bool lock(int fd, bool exclusive);

@@ -1,0 +1,274 @@
+// Enrolment of unknown badges at the station: the questions, the new row made from the defaults
+// as NAMES.TXT then holds it, the refusals, a known name taking over a badge, a full table, and
+// the renaming of the employee from the test window.
+#include "admin/unknown_enrolment.h"
+#include "data/settings_file.h"
+#include "station/err_msg_frm.h"
+#include "station/name_form.h"
+#include "station/rs232_form.h"
+#include "support/scenario.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace zandolt::testing {
+namespace {
+
+const std::string Days372(372, 'A');
+
+TEST(SplitNameAnswer, TheLastWordIsTheLastName)
+{
+    const NameParts mary = SplitNameAnswer("  Mary Ann  Smith ");
+    EXPECT_EQ(mary.first, "Mary Ann");
+    EXPECT_EQ(mary.last, "Smith");
+    const NameParts one = SplitNameAnswer("Smith");
+    EXPECT_EQ(one.first, "");
+    EXPECT_EQ(one.last, "Smith");
+    EXPECT_EQ(SplitNameAnswer("   ").last, "");
+    const NameParts comma = SplitNameAnswer("Smith,Mary");
+    EXPECT_EQ(comma.first, "Smith");
+    EXPECT_EQ(comma.last, "Mary");
+}
+
+class Enrolment : public ScenarioTest
+{
+protected:
+    // Badges identify here (type 2); new rows get the work group NEW, a wrist of .75 to 10 megohms,
+    // feet on the tester's switches, both straps required.
+    void start(int addUnknownFlag, const std::vector<Employee>& staff = {Employee{}})
+    {
+        writeSettings([&](Settings& s) {
+            s.EmployeeSelectionType = 2;
+            s.AddUnknownFlag = static_cast<int16>(addUnknownFlag);
+            s.DefaultWorkGroup = "NEW";
+            s.DefaultWristMin = 0.75f;
+            s.DefaultWristMax = 10;
+            s.DefaultFootMin = -1;
+            s.DefaultFootMax = -1;
+            s.DefaultWristRequired = True;
+            s.DefaultFootRequired = True;
+        });
+        writeEmployees(staff);
+        startStation();
+        namesBefore = read("NAMES.TXT");
+        ui().clearRecords();
+    }
+    void type(const std::string& text)
+    {
+        NameForm& f = app_->nameForm();
+        f.NameOrIDText.userEdit(text);
+        f.NameOrIDText.userKey(keys::Return, keys::Return);
+    }
+    // The employee lines of NAMES.TXT, without the two header lines.
+    std::vector<std::string> namesLines()
+    {
+        std::vector<std::string> lines;
+        const std::string text = read("NAMES.TXT");
+        for (size_t start = 0, end; (end = text.find("\r\n", start)) != std::string::npos; start = end + 2)
+            lines.push_back(text.substr(start, end - start));
+        return std::vector<std::string>(lines.begin() + 2, lines.end());
+    }
+    // The message boxes' prompts; input boxes are left out.
+    std::vector<std::string> prompts()
+    {
+        std::vector<std::string> p;
+        for (const auto& m : ui().messages())
+            if (m.buttons >= 0)
+                p.push_back(m.prompt);
+        return p;
+    }
+    std::string namesBefore;
+};
+
+TEST_F(Enrolment, AnUnknownBadgeBecomesNumberWithTheDefaultsAndTestsAtOnce)
+{
+    start(1);
+    ui().answerMsgBox("The badge number 12345 was not found.\nAdd it to the list?", msgbox::Yes);
+    type("12345");
+
+    // Name padded to 21, "NEW-12345:12345, " padded to 43, limits in the wide form; dates today.
+    const std::vector<std::string> lines = namesLines();
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_EQ(lines[1], "12345, Number,       NEW-12345:12345,      000.75, 010.00, -1.00, -1.00, -1, -1, A, "
+                        "11/22/2026, 11/22/2026, 1, 11/22/2026, " +
+                            Days372 + ", 0, , 1");
+    ASSERT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "12345, Number");
+    EXPECT_EQ(app_->nameForm().List1.list(1), "   2. 12345, Number");
+
+    // The log line of the new employee's test: name to 20 characters, ID to 19.
+    tester(PassMessage());
+    EXPECT_EQ(logLines(), std::vector<std::string>{"12345, Number       , NEW-12345          , 11-22-2026, 08:00:05, "
+                                                   "Wok, Lok, Rok, 03.50, 12.00, 11.20"});
+}
+
+TEST_F(Enrolment, TheNameAskedForIsSplitAtItsLastBlank)
+{
+    start(3);
+    ui().answerMsgBox("Add it to the list?", msgbox::Yes);
+    ui().answerInputBox("Please enter your name (Ana Weller).\nThen press the enter key.", "Mary Ann Smith");
+    type("777");
+    ASSERT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Smith, Mary Ann");
+    EXPECT_EQ(namesLines().at(1).substr(0, 43), "Smith, Mary Ann,     NEW-777:777,          ");
+}
+
+TEST_F(Enrolment, RefusedAnswersLeaveTheFileAsItWas)
+{
+    start(3);
+    // No, an empty name, a name of one word (told with the badge's own name, as the typed one
+    // isn't taken yet), and a name that is in use.
+    ui().answerMsgBox("Add it to the list?", msgbox::No);
+    type("501");
+    ui().answerMsgBox("Add it to the list?", msgbox::Yes);
+    ui().answerInputBox("Please enter your name", "");
+    type("502");
+    ui().answerMsgBox("Add it to the list?", msgbox::Yes);
+    ui().answerInputBox("Please enter your name", "Smith");
+    type("503");
+    ui().answerMsgBox("Add it to the list?", msgbox::Yes);
+    ui().answerInputBox("Please enter your name", "Jane Doe");
+    type("504");
+    type("50,5"); // a comma can't be stored: not even asked
+
+    EXPECT_EQ(prompts(), (std::vector<std::string>{"The badge number 501 was not found.\nAdd it to the list?",
+                                                   "The badge number 502 was not found.\nAdd it to the list?",
+                                                   "No name was entered.",
+                                                   "The badge number 503 was not found.\nAdd it to the list?",
+                                                   "No first name found in 503, Number",
+                                                   "The badge number 504 was not found.\nAdd it to the list?",
+                                                   "The name Doe, Jane is already in use."}));
+    EXPECT_FALSE(testWindowOpen());
+    EXPECT_EQ(read("NAMES.TXT"), namesBefore);
+    EXPECT_EQ(app_->EmployeeCount, 1);
+}
+
+TEST_F(Enrolment, AKnownNameMayTakeOverTheNewBadgeAndKeepsItsId)
+{
+    start(1 + 2 + 8, {Employee{.id = "ASM-4711"}});
+    ui().answerMsgBox("Add it to the list?", msgbox::Yes);
+    ui().answerInputBox("Please enter your name", "Jane Doe");
+    ui().answerMsgBox(
+        "The name Doe, Jane is already in use.\nDo you want to change the ID number to this new badge# of 9090",
+        msgbox::Yes);
+    type("9090");
+    ASSERT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->EmployeeCount, 1);
+    EXPECT_EQ(app_->IDNum[0], "ASM-4711");
+    EXPECT_EQ(app_->BadgeNum[0], "9090");
+    EXPECT_EQ(namesLines().at(0).substr(0, 43), "Doe, Jane,           ASM-4711:9090,        ");
+}
+
+TEST_F(Enrolment, ATextWithoutADigitAfterTrimmingIsAName)
+{
+    // A scanned "12-ABC" cut to its last three characters is "ABC": no number, so no enrolment.
+    writeSettings([](Settings& s) {
+        s.EmployeeSelectionType = 2;
+        s.BarCodeFlag = 1;
+        s.UseLastChars = 3;
+        s.AddUnknownFlag = 1;
+    });
+    startStation();
+    ui().clearRecords();
+    std::string seen;
+    ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
+    type("12-ABC");
+    EXPECT_TRUE(prompts().empty());
+    EXPECT_EQ(seen, "Incorrect entry|Sorry, names are not accepted, please enter your badge#");
+}
+
+TEST_F(Enrolment, AFullTableGivesItsLastRowToTheNewcomer)
+{
+    std::vector<Employee> staff;
+    for (int i = 0; i < 5000; ++i)
+        staff.push_back(Employee{.last = "Worker" + std::to_string(i), .id = "W-" + std::to_string(i)});
+    start(1, staff);
+    ASSERT_EQ(app_->EmployeeCount, 5000);
+    ui().answerMsgBox("Add it to the list?", msgbox::Yes);
+    type("12345");
+    EXPECT_EQ(app_->EmployeeCount, 5000);
+    EXPECT_EQ(app_->FullName[4998], "Worker4998, Jane");
+    EXPECT_EQ(app_->FullName[4999], "12345, Number");
+    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "12345, Number");
+    const std::vector<std::string> lines = namesLines();
+    ASSERT_EQ(lines.size(), 5000u);
+    EXPECT_EQ(lines.back().substr(0, 15), "12345, Number, ");
+}
+
+class Rename : public Enrolment
+{
+protected:
+    // Jane, with her own low wrist limit, in the test window.
+    void openTestWindow(int addUnknownFlag)
+    {
+        start(addUnknownFlag, {Employee{.id = "ASM-4711", .wristMin = "0.5", .wristMax = "20", .footEnable = "0"},
+                               Employee{.last = "Roe", .first = "Rick", .id = "4712"}});
+        pickName(0);
+        ASSERT_TRUE(testWindowOpen());
+        ui().clearRecords();
+    }
+    void pressKey(int code) { app_->rs232Form().CancelButton.userKey(code, code); }
+    std::string timedMessage;
+    void watchTimedMessage()
+    {
+        ui().onModal("ErrMsgFrm", [this](Form&) { timedMessage = app_->errMsgFrm().LabelText.caption(); });
+    }
+};
+
+TEST_F(Rename, WithoutItsBitAKeyDoesNothing)
+{
+    openTestWindow(1 + 2 + 8);
+    pressKey('A');
+    EXPECT_TRUE(testWindowOpen());
+    EXPECT_TRUE(ui().messages().empty());
+}
+
+TEST_F(Rename, ANewNameMakesANewPersonAtTheBadgeButTheLowWristLimitStays)
+{
+    openTestWindow(1 + 4);
+    ui().answerMsgBox("Do you want to change this name?", msgbox::Yes);
+    ui().answerInputBox("Please enter your name", "Mary Ann Smith");
+    pressKey('A');
+    EXPECT_FALSE(testWindowOpen());
+    // Wrist low 0.5 kept; wrist high, both foot limits and the enables from the defaults; the ID
+    // and the badge stay.
+    EXPECT_EQ(namesLines().at(0), "Smith, Mary Ann,     ASM-4711:4711,        000.50, 010.00, -1.00, -1.00, -1, -1, "
+                                  "A, 11/22/2026, 11/22/2026, 1, 11/22/2026, " +
+                                      Days372 + ", 0, , 1");
+    EXPECT_EQ(app_->FullName[1], "Roe, Rick");
+}
+
+TEST_F(Rename, EveryRefusalEndsTheVisitWithoutAChange)
+{
+    openTestWindow(1 + 4);
+    ui().answerMsgBox("Do you want to change this name?", msgbox::No);
+    pressKey('A');
+    EXPECT_FALSE(testWindowOpen());
+
+    const struct
+    {
+        std::string answer, message;
+    } refusals[] = {{"", ""},
+                    {"Smith", "No first name found in Smith"},
+                    {"Jane Doe", "The name Doe, Jane is already in use."},
+                    {"Rick Roe", "The name Roe, Rick is already in use."}};
+    for (const auto& r : refusals) {
+        pickName(0);
+        ASSERT_TRUE(testWindowOpen());
+        timedMessage.clear();
+        if (!r.message.empty())
+            watchTimedMessage();
+        ui().answerMsgBox("Do you want to change this name?", msgbox::Yes);
+        ui().answerInputBox("Please enter your name", r.answer);
+        pressKey('A');
+        EXPECT_FALSE(testWindowOpen()) << r.answer;
+        EXPECT_EQ(timedMessage, r.message) << r.answer;
+    }
+    const std::vector<std::string> asked = prompts();
+    EXPECT_EQ(std::count(asked.begin(), asked.end(), "No name was entered."), 1);
+    EXPECT_EQ(read("NAMES.TXT"), namesBefore);
+}
+
+} // namespace
+} // namespace zandolt::testing

@@ -1,0 +1,90 @@
+// What the tests of the station on pseudo-terminals share: files of the program directory, a socat
+// pair, and runs of the emulator on the far end while the station's event loop goes on.
+#pragma once
+
+#include <QFile>
+#include <QProcess>
+#include <QStringList>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace zandolt::qt {
+
+inline std::string readFile(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll().toStdString() : std::string();
+}
+
+inline void writeFile(const QString& path, const std::string& text)
+{
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate)) << path.toStdString();
+    f.write(text.data(), static_cast<qint64>(text.size()));
+}
+
+// Starts socat with a raw pseudo-terminal pair whose ends are the links a and b; true once both exist.
+inline bool startPtyPair(QProcess& socat, const QString& a, const QString& b)
+{
+    socat.start(QStringLiteral(ZANDOLT_SOCAT), {"pty,raw,echo=0,link=" + a, "pty,raw,echo=0,link=" + b});
+    return QTest::qWaitFor([&] { return QFile::exists(a) && QFile::exists(b); }, 5000);
+}
+
+inline void stopProcess(QProcess& p)
+{
+    if (p.state() != QProcess::NotRunning) {
+        p.terminate();
+        p.waitForFinished(3000);
+    }
+}
+
+struct EmulatorRun
+{
+    int exitCode = -1;
+    std::vector<std::string> lines;
+
+    std::vector<std::string> starting(const std::string& prefix) const
+    {
+        std::vector<std::string> out;
+        for (const std::string& l : lines)
+            if (l.rfind(prefix, 0) == 0)
+                out.push_back(l);
+        return out;
+    }
+};
+
+// Runs the emulator on `device` with these options and commands, the event loop of the station
+// running all the while.
+inline EmulatorRun runEmulator(const QString& device, const QStringList& options, const QStringList& commands,
+                               int waitMs)
+{
+    QStringList args{device};
+    args << options;
+    for (const QString& c : commands)
+        args << "--cmd" << c;
+    args << "--wait-ms" << QString::number(waitMs);
+    QProcess emulator;
+    emulator.start(QStringLiteral(ZANDOLT_TESTER_EMULATOR), args);
+    EmulatorRun run;
+    if (!QTest::qWaitFor([&] { return emulator.state() == QProcess::NotRunning; }, waitMs + 10000)) {
+        emulator.kill();
+        emulator.waitForFinished(2000);
+        ADD_FAILURE() << "the emulator did not end";
+        return run;
+    }
+    run.exitCode = emulator.exitStatus() == QProcess::NormalExit ? emulator.exitCode() : -1;
+    for (const QByteArray& line : emulator.readAllStandardOutput().split('\n'))
+        if (!line.isEmpty())
+            run.lines.push_back(line.toStdString());
+    // The emulator's side of the conversation, for whoever reads the test's output.
+    for (const std::string& l : run.lines)
+        std::printf("  emulator: %s\n", l.c_str());
+    return run;
+}
+
+} // namespace zandolt::qt

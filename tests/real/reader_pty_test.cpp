@@ -1,0 +1,167 @@
+// Each card reader on the station's real reader port: the Qt backend with QSerialPort on one end of
+// a socat pseudo-terminal pair (port 2), the emulator playing the reader on the other, and a second
+// pair for the tester (port 1). A known card starts its employee's test; an unknown badge enrols a
+// new row, which then stands in NAMES.TXT and in the log line of its test.
+#include "admin/title_form.h"
+#include "app.h"
+#include "data/settings_file.h"
+#include "platform/headless/headless_backend.h"
+#include "platform/qt/qt_backend.h"
+#include "pty_support.h"
+#include "station/err_msg_frm.h"
+#include "station/name_form.h"
+#include "station/rs232_form.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zandolt::qt {
+namespace {
+
+struct Reader
+{
+    const char* kind;
+    int barCodeFlag;
+};
+
+class ReaderOverPty : public ::testing::TestWithParam<Reader>
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(dir.isValid());
+        ASSERT_TRUE(startPtyPair(testerPair, dir.filePath("ttyStation"), dir.filePath("ttyTester")));
+        ASSERT_TRUE(startPtyPair(readerPair, dir.filePath("ttyStationReader"), dir.filePath("ttyReader")));
+        writeFile(dir.filePath("PORTS.TXT"), "1 " + dir.filePath("ttyStation").toStdString() + "\n2 " +
+                                                 dir.filePath("ttyStationReader").toStdString() + "\n");
+
+        // Badges identify; the reader's card numbers are 16 bits from the first; new rows go to the
+        // work group NEW with both straps on the tester's limits.
+        {
+            headless::HeadlessBackend scratchBackend(dir.path().toStdString());
+            App scratch(scratchBackend.services());
+            ReadIniFile(scratch);
+            scratch.BarCodeFlag = static_cast<int16>(GetParam().barCodeFlag);
+            scratch.ProximityComport = 2;
+            scratch.SkipProxBits = 0;
+            scratch.UseProxMiddleBits = 16;
+            scratch.EmployeeSelectionType = 2;
+            scratch.AddUnknownFlag = 1;
+            scratch.DefaultWorkGroup = "NEW";
+            scratch.DefaultWristRequired = True;
+            scratch.DefaultFootRequired = True;
+            SaveIniFile(scratch);
+        }
+        writeFile(dir.filePath("NAMES.TXT"),
+                  "# names\r\n# example\r\n"
+                  "Doe, Jane, QA-4711:180, -1.00, -1.00, -1.00, -1.00, -1, -1, A, 01/05/2026, 01/05/2026, 1, "
+                  "12/31/2030, " +
+                      std::string(372, 'A') + ", 0, , 0\r\n");
+
+        previousDirectory = QDir::currentPath();
+        ASSERT_TRUE(QDir::setCurrent(dir.path()));
+        backend = std::make_unique<QtBackend>();
+        app = std::make_unique<App>(backend->services());
+        // Whatever waits for someone is answered by its default button (Yes to the enrolment).
+        QObject::connect(&closer, &QTimer::timeout, [this] {
+            if (app->isLoaded(&app->titleForm()))
+                app->titleForm().Unload();
+            if (app->isLoaded(&app->errMsgFrm())) {
+                messages.push_back(app->errMsgFrm().LabelText.caption());
+                app->errMsgFrm().Unload();
+            }
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                messages.push_back(box->text().toStdString());
+                box->defaultButton() ? box->defaultButton()->click() : box->reject();
+            }
+        });
+        closer.start(20);
+        app->nameForm().Load();
+        ASSERT_TRUE(app->nameForm().ProxComm().isOpen()) << "the reader port did not open";
+    }
+
+    void TearDown() override
+    {
+        closer.stop();
+        app.reset();
+        backend.reset();
+        QDir::setCurrent(previousDirectory);
+        stopProcess(testerPair);
+        stopProcess(readerPair);
+    }
+
+    // The reader presents a card: "card=N" for the card readers, the text itself for RS232. The
+    // emulator stays a little, so that the station reads the card before the line goes.
+    EmulatorRun present(const std::string& card)
+    {
+        const std::string kind = GetParam().kind;
+        const std::string data = kind == "rs232" ? card : "card=" + card;
+        return runEmulator(dir.filePath("ttyReader"), {"--reader", kind.c_str()},
+                           {QString::fromStdString(kind + " " + data), "wait 600"}, 0);
+    }
+
+    bool testWindowOpens()
+    {
+        return QTest::qWaitFor([&] { return app->isLoaded(&app->rs232Form()); }, 5000);
+    }
+
+    QTemporaryDir dir;
+    QProcess testerPair, readerPair;
+    QString previousDirectory;
+    std::unique_ptr<QtBackend> backend;
+    std::unique_ptr<App> app;
+    QTimer closer;
+    std::vector<std::string> messages;
+};
+
+TEST_P(ReaderOverPty, AKnownCardStartsItsEmployeesTest)
+{
+    const EmulatorRun run = present("180");
+    EXPECT_EQ(run.exitCode, 0);
+    ASSERT_TRUE(testWindowOpens());
+    EXPECT_EQ(app->rs232Form().NameLabel.caption(), "Doe, Jane");
+    EXPECT_EQ(app->ProxText, "");
+}
+
+TEST_P(ReaderOverPty, AnUnknownBadgeEnrolsAndItsTestIsLogged)
+{
+    const EmulatorRun run = present("12345");
+    EXPECT_EQ(run.exitCode, 0);
+    ASSERT_TRUE(testWindowOpens());
+    EXPECT_EQ(app->rs232Form().NameLabel.caption(), "12345, Number");
+    ASSERT_FALSE(messages.empty());
+    EXPECT_NE(std::find(messages.begin(), messages.end(), "The badge number 12345 was not found.\nAdd it to the list?"),
+              messages.end());
+
+    // The new row, as NAMES.TXT holds it: name to 21 characters, ID and badge to 43, automatic limits.
+    const std::string names = readFile(dir.filePath("NAMES.TXT"));
+    EXPECT_NE(names.find("\r\n12345, Number,       NEW-12345:12345,      -1.00, -1.00, -1.00, -1.00, -1, -1, A, "),
+              std::string::npos)
+        << names;
+
+    const EmulatorRun tester = runEmulator(dir.filePath("ttyTester"), {}, {"pass"}, 3000);
+    EXPECT_EQ(tester.starting("RECV "), std::vector<std::string>{"RECV 0xFF"});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile(dir.filePath("LOG.TXT")).size() > 0; }, 5000));
+    const std::string log = readFile(dir.filePath("LOG.TXT"));
+    // Name to 20 characters, ID to 19, then the date and time of the test, the codes and readings.
+    EXPECT_EQ(log.substr(0, 43), "12345, Number       , NEW-12345          , ") << log;
+    EXPECT_EQ(log.substr(log.size() - 38), ", Wok, Lok, Rok, 03.50, 12.00, 11.20\r\n") << log;
+}
+
+INSTANTIATE_TEST_SUITE_P(EachKind, ReaderOverPty,
+                         ::testing::Values(Reader{"hid", 2}, Reader{"casi", 3}, Reader{"rs232", 4}, Reader{"rw400", 5}),
+                         [](const ::testing::TestParamInfo<Reader>& p) { return std::string(p.param.kind); });
+
+} // namespace
+} // namespace zandolt::qt
