@@ -271,6 +271,16 @@ TEST_F(ReportFrame, PrintMonthlyPrintsOneReportPerCopyOrSaysCancel)
     printer().dialogCopies = 0;
     PrintReportHandler(*app_, generator("REPORT.TXT"));
     EXPECT_EQ(ui().messages().back().prompt, " Cancel pressed or printer error");
+
+    // No printer at all: the same message, and no dialog.
+    ui().answerInputBox("month number", "11");
+    ui().answerInputBox("work group", "A");
+    printer().dialogCopies = 1;
+    printer().answers = false;
+    const int dialogs = printer().dialogs;
+    PrintReportHandler(*app_, generator("REPORT.TXT"));
+    EXPECT_EQ(ui().messages().back().prompt, " Cancel pressed or printer error");
+    EXPECT_EQ(printer().dialogs, dialogs);
     EXPECT_EQ(printed().size(), 2u);
 }
 
