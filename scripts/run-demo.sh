@@ -10,6 +10,7 @@ cd "$(dirname "$0")/.."
 
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j "$(nproc 2>/dev/null || echo 2)" --target zandolt zandolt_tester_emulator
+cmake --build build -j "$(nproc 2>/dev/null || echo 2)" --target zandolt-report
 
 if [ "${1:-}" = "--reset" ] || [ ! -d demo ]; then
   rm -rf demo

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds the screenshot tool and takes pictures of the station's windows on a fresh copy of the demo
 # folder, under a virtual display (Xvfb). The pictures go to ./screenshots/, and their paths are
-# printed. BUILD_DIR chooses the build directory (default: build), JOBS the parallel build jobs.
+# printed. BUILD_DIR chooses the build directory (default: build), JOBS the parallel build jobs,
+# ZANDOLT_SHOTS the pictures to take by name (e.g. "employee-editor leave-summary"; default: all).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)

@@ -23,11 +23,18 @@ class ErrMsgFrm;
 class PassForm;
 class TitleForm;
 class PrinterCheckForm;
+class UnKnowFo;
+class CertExForm;
+class LimitsForm;
+class SickForm;
+class ModForm;
+class Configform;
+class SelConfigForm;
+class ConFigReaderForm;
+class DirForm;
 class DispForm;
 class HelpForm;
 class IndividualEmployeeSelectionForm;
-class UnKnowFo;
-class CertExForm;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -72,11 +79,18 @@ public:
     PassForm& passForm();
     TitleForm& titleForm();
     PrinterCheckForm& printerCheckForm();
+    UnKnowFo& unKnowFo();
+    CertExForm& certExForm();
+    LimitsForm& limitsForm();
+    SickForm& sickForm();
+    ModForm& modForm();
+    Configform& configform();
+    SelConfigForm& selConfigForm();
+    ConFigReaderForm& conFigReaderForm();
+    DirForm& dirForm();
     DispForm& dispForm();
     HelpForm& helpForm();
     IndividualEmployeeSelectionForm& individualEmployeeSelectionForm();
-    UnKnowFo& unKnowFo();
-    CertExForm& certExForm();
 
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
@@ -92,11 +106,18 @@ protected:
 private:
     std::unique_ptr<Form> nameForm_, rs232Form_, pressForm_, cartoonForm_, simForm_, errMsgFrm_, passForm_, titleForm_,
         printerCheckForm_;
+    std::unique_ptr<Form> unKnowFo_;
+    std::unique_ptr<Form> certExForm_;
+    std::unique_ptr<Form> limitsForm_;
+    std::unique_ptr<Form> sickForm_;
+    std::unique_ptr<Form> modForm_;
+    std::unique_ptr<Form> configform_;
+    std::unique_ptr<Form> selConfigForm_;
+    std::unique_ptr<Form> conFigReaderForm_;
+    std::unique_ptr<Form> dirForm_;
     std::unique_ptr<Form> dispForm_;
     std::unique_ptr<Form> helpForm_;
     std::unique_ptr<Form> individualEmployeeSelectionForm_;
-    std::unique_ptr<Form> unKnowFo_;
-    std::unique_ptr<Form> certExForm_;
 };
 
 } // namespace zandolt

@@ -151,4 +151,29 @@ void ChangeEmployeeTestPassword(App& app)
     leaveTimer.setEnabled(true);
 }
 
+int16 AskVacationPassword(App& app)
+{
+    if (app.VacationPassword.empty())
+        return True;
+    const bool gateOpen = app.EnteredPassword == app.AdminPassword;
+    int16 result = False;
+    // A marker no one can type, so that an empty main password or a text left from before cannot
+    // pass for an answer.
+    app.EnteredPassword = "NoPassworDEntered";
+    for (;;) {
+        const std::string answer = AskPassword(app, "Please enter employee password.");
+        if (answer == app.VacationPassword) {
+            result = True;
+            break;
+        }
+        if (answer == CancelMarker)
+            break;
+        if (app.ui.msgBox("The password is incorrect.  Please try again.", msgbox::OKCancel, "") == msgbox::Cancel)
+            break;
+    }
+    if (gateOpen)
+        app.EnteredPassword = app.AdminPassword;
+    return result;
+}
+
 } // namespace zandolt

@@ -15,6 +15,9 @@ void UseAdminPassword(App& app);
 void ChangeAdminPassword(App& app);
 // Changes the password that employees share for the leave window.
 void ChangeEmployeePassword(App& app);
+// Asks for the password that employees share for their leave window; -1 when it was given or none
+// is set. Leaves the administrator gate as it stood when it stood open.
+int16 AskVacationPassword(App& app);
 // Asks the employee in CurrentEmployee for the own test password when the station wants it.
 // True when the test may start.
 bool AskEmployeeTestPassword(App& app);

@@ -1,6 +1,7 @@
 #include "automation/tag_printing.h"
 
 #include "app.h"
+#include "data/text_lines.h"
 #include "station/err_msg_frm.h"
 
 #include <cstdio>
@@ -23,28 +24,6 @@ std::string timeAndDate(App& app)
     char time[16];
     std::snprintf(time, sizeof time, "%02d:%02d:%02d", now.hour, now.minute, now.second);
     return std::string(time) + " " + app.locale.shortDate(now);
-}
-
-// The lines of a text; `whole` says whether a last line without its line end counts, which it
-// does not when the reading broke off inside it.
-std::vector<std::string> splitLines(const std::string& text, bool whole)
-{
-    std::vector<std::string> lines;
-    size_t start = 0;
-    while (start < text.size()) {
-        size_t end = text.find('\n', start);
-        if (end == std::string::npos) {
-            if (!whole)
-                break;
-            end = text.size();
-        }
-        std::string line = text.substr(start, end - start);
-        if (!line.empty() && line.back() == '\r')
-            line.pop_back();
-        lines.push_back(line);
-        start = end + 1;
-    }
-    return lines;
 }
 
 } // namespace
@@ -86,7 +65,7 @@ void PrintTag(App& app)
     }
     // The lines read before a read that failed are printed; then the message, the document open.
     const std::string stamp = timeAndDate(app);
-    for (const std::string& line : splitLines(text, read == FileResult::Ok)) {
+    for (const std::string& line : SplitTextLines(text, read == FileResult::Ok)) {
         if (line.find(';') != std::string::npos)
             continue; // a comment, also behind a command
         if (!app.printer.printLine(FillTagTemplateLine(line, stamp, name))) {

@@ -162,4 +162,28 @@ Date FixDateCentury(const App& app, Date date)
     return FixDateCentury(date, app.clock.now().year);
 }
 
+namespace {
+
+DateTime dateTimeOf(Date date)
+{
+    const YearMonthDay d = SplitDate(date);
+    DateTime t;
+    t.year = d.year;
+    t.month = d.month;
+    t.day = d.day;
+    return t;
+}
+
+} // namespace
+
+std::string ShortDateText(App& app, Date date)
+{
+    return app.locale.shortDate(dateTimeOf(date));
+}
+
+std::string LongDateText(App& app, Date date)
+{
+    return app.locale.longDate(dateTimeOf(date));
+}
+
 } // namespace zandolt

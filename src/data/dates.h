@@ -59,6 +59,10 @@ Date ReadTypedDate(const App& app, std::string_view text);
 // where the desktop writes the day first, 3/4/2026 is the 3rd of April.
 Date ReadTypedDate(Locale& locale, std::string_view text, int presentYear);
 
+// A date in the desktop's short ("ddddd") and long ("dddddd") forms.
+std::string ShortDateText(App& app, Date date);
+std::string LongDateText(App& app, Date date);
+
 // The same, with the present year of the App's clock.
 Date StringToDate(const App& app, std::string_view text);
 bool IsDateText(const App& app, std::string_view text);

@@ -191,41 +191,6 @@ void buildPaths(App& app)
     app.IndivCsvPath = app.ReportCsvDir + "INDIV.CSV";
 }
 
-// The identification switches that follow from the selection type; any type above 3 is the
-// combined one and is stored as 4.
-void deriveSelectionSwitches(App& app)
-{
-    switch (app.EmployeeSelectionType) {
-    case 0:
-        break;
-    case 1:
-        app.DontShowNamesFlag = True;
-        app.UseBadgeToIdentifyFlag = False;
-        app.AcceptIdFlag = False;
-        app.AcceptNameFlag = True;
-        break;
-    case 2:
-        app.DontShowNamesFlag = True;
-        app.UseBadgeToIdentifyFlag = True;
-        app.AcceptIdFlag = False;
-        app.AcceptNameFlag = False;
-        break;
-    case 3:
-        app.DontShowNamesFlag = True;
-        app.UseBadgeToIdentifyFlag = False;
-        app.AcceptIdFlag = True;
-        app.AcceptNameFlag = False;
-        break;
-    default:
-        app.EmployeeSelectionType = 4;
-        app.DontShowNamesFlag = True;
-        app.UseBadgeToIdentifyFlag = False;
-        app.AcceptIdFlag = True;
-        app.AcceptNameFlag = True;
-        break;
-    }
-}
-
 void normalise(App& app)
 {
     for (int16* flag :
@@ -248,7 +213,7 @@ void normalise(App& app)
         app.UnknownIdMessage = LoadResString(app, 158);
     if (trimmed(app.UnknownIdMessage).empty())
         app.UnknownIdMessage = StockUnknownIdMessage;
-    deriveSelectionSwitches(app);
+    DeriveSelectionSwitches(app);
 }
 
 bool readValue(IniItemReader& reader, App& app, const IniValue& value)
@@ -281,6 +246,41 @@ std::string formatValue(const App& app, const IniLine& line, const std::string& 
 }
 
 } // namespace
+
+// The identification switches that follow from the selection type; any type above 3 is the
+// combined one and is stored as 4.
+void DeriveSelectionSwitches(App& app)
+{
+    switch (app.EmployeeSelectionType) {
+    case 0:
+        break;
+    case 1:
+        app.DontShowNamesFlag = True;
+        app.UseBadgeToIdentifyFlag = False;
+        app.AcceptIdFlag = False;
+        app.AcceptNameFlag = True;
+        break;
+    case 2:
+        app.DontShowNamesFlag = True;
+        app.UseBadgeToIdentifyFlag = True;
+        app.AcceptIdFlag = False;
+        app.AcceptNameFlag = False;
+        break;
+    case 3:
+        app.DontShowNamesFlag = True;
+        app.UseBadgeToIdentifyFlag = False;
+        app.AcceptIdFlag = True;
+        app.AcceptNameFlag = False;
+        break;
+    default:
+        app.EmployeeSelectionType = 4;
+        app.DontShowNamesFlag = True;
+        app.UseBadgeToIdentifyFlag = False;
+        app.AcceptIdFlag = True;
+        app.AcceptNameFlag = True;
+        break;
+    }
+}
 
 void ReadIniFile(App& app)
 {

@@ -12,5 +12,7 @@ class App;
 void ReadIniFile(App& app);
 // Writes all fifty lines from memory.
 void SaveIniFile(App& app);
+// The identification switches that follow from EmployeeSelectionType; type 0 leaves them alone.
+void DeriveSelectionSwitches(App& app);
 
 } // namespace zandolt

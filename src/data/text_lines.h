@@ -1,5 +1,5 @@
-// A text file's lines: split at LF, a CR in front of it dropped; a last line without a line end
-// counts, an empty text has no lines.
+// A text file's lines: split at LF, a CR in front of it dropped; an empty text has no lines. A last
+// line without a line end counts, unless the text is not `whole` (a read that broke off inside it).
 #pragma once
 
 #include <string>
@@ -7,14 +7,17 @@
 
 namespace zandolt {
 
-inline std::vector<std::string> SplitTextLines(const std::string& text)
+inline std::vector<std::string> SplitTextLines(const std::string& text, bool whole = true)
 {
     std::vector<std::string> lines;
     size_t start = 0;
     while (start < text.size()) {
         size_t end = text.find('\n', start);
-        if (end == std::string::npos)
+        if (end == std::string::npos) {
+            if (!whole)
+                break;
             end = text.size();
+        }
         std::string line = text.substr(start, end - start);
         if (!line.empty() && line.back() == '\r')
             line.pop_back();

@@ -516,6 +516,10 @@ public:
     // A modal input box. Returns the text, or "" when it was cancelled.
     virtual std::string inputBox(const std::string& prompt, const std::string& title,
                                  const std::string& defaultText) = 0;
+    // The desktop's font dialog, offering fixed-pitch fonts, seeded with a font name and a size in
+    // points. True with the chosen font in name and size; false when it was cancelled, failed, or
+    // the backend has no such dialog.
+    virtual bool fontDialog(std::string& /*name*/, float& /*size*/) { return false; }
     virtual void beep() = 0;
     virtual void setBusy(bool busy) = 0;
     // Lets pending events run: timers that are due, serial data that arrived, user input.

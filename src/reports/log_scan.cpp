@@ -35,16 +35,6 @@ void foldInto(std::string& out, std::string_view text)
         out.push_back(c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c);
 }
 
-DateTime dateTimeOf(Date date)
-{
-    const YearMonthDay d = SplitDate(date);
-    DateTime t;
-    t.year = d.year;
-    t.month = d.month;
-    t.day = d.day;
-    return t;
-}
-
 // The places of the first commas of a line, at most `max` of them; how many there are. A log line
 // is read at every report, and a log may hold millions, so the commas are found sixteen bytes at a
 // time.
@@ -317,16 +307,6 @@ int EmployeeLookup::find(std::string_view last, std::string_view first)
     foldInto(key_, first);
     const auto it = rows_.find(key_);
     return it == rows_.end() ? -1 : it->second;
-}
-
-std::string ShortDateText(App& app, Date date)
-{
-    return app.locale.shortDate(dateTimeOf(date));
-}
-
-std::string LongDateText(App& app, Date date)
-{
-    return app.locale.longDate(dateTimeOf(date));
 }
 
 std::string HourMinuteText(TimeOfDay time)

@@ -98,9 +98,6 @@ private:
 };
 
 // Text forms of the report headings.
-// "ddddd" and "dddddd": the desktop's short and long date.
-std::string ShortDateText(App& app, Date date);
-std::string LongDateText(App& app, Date date);
 // "h:m": hour and minute without leading zeros.
 std::string HourMinuteText(TimeOfDay time);
 // hh:mm on the 24-hour clock.

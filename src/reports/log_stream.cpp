@@ -27,7 +27,7 @@ void LogStream::fill()
     if (pos_ > 0) {
         std::memmove(buffer_.data(), buffer_.data() + pos_, end_ - pos_);
         end_ -= pos_;
-        searched_ -= pos_;
+        searched_ = searched_ > pos_ ? searched_ - pos_ : 0;
         pos_ = 0;
     }
     // A line longer than what the buffer holds makes it grow.

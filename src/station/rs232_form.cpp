@@ -1,6 +1,7 @@
 #include "station/rs232_form.h"
 
 #include "admin/passwords.h"
+#include "admin/sick_form.h"
 #include "admin/unknown_enrolment.h"
 #include "app.h"
 #include "build_info.h"
@@ -194,6 +195,7 @@ void RS232Form::wire()
     CancelButton.Click = [this] { Unload(); };
     CancelButton.KeyDown = [this](int&, int) { CancelButton_KeyDown(app_); };
     PasswordBut.Click = [this] { ChangeEmployeeTestPassword(app_); };
+    VacationBut.Click = [this] { OpenLeaveFromTestWindow(app_); };
 }
 
 void RS232Form::Form_Load()
@@ -284,9 +286,7 @@ void RS232Form::Form_Load()
 
     ArmTestWindow(app_);
 
-    // The leave window that this button opens is not part of this station yet, so the button
-    // stays hidden whatever the setting says.
-    VacationBut.setVisible(false);
+    VacationBut.setVisible(app_.AllowEmployeeVacationChange != 0);
     const bool askPassword = app_.AskPasswordBeforeTest != 0;
     PasswordBut.setVisible(askPassword);
     PasswordBut.setEnabled(askPassword);

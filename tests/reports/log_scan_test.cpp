@@ -164,6 +164,27 @@ TEST_F(LogScan, RecordsAndLinesThatCrossThePiecesOfTheFileAreReadWhole)
     EXPECT_EQ(lines[5999][2], "1-2998");
 }
 
+TEST_F(LogScan, APieceThatEndsExactlyAtALineEndIsFollowedByTheNextPiece)
+{
+    // 4096 lines of 64 bytes fill the first piece of 256 KiB to its last byte; 904 more follow.
+    std::string log;
+    for (int i = 0; i < 5000; ++i) {
+        std::string line =
+            "N" + std::to_string(10000 + i) + ", F, 1, 03-15-2001, 08:01:02, Wok, Lok, Rok, 1, 2, 3\r\n";
+        line.insert(6, 64 - line.size(), ' ');
+        log += line;
+    }
+    ASSERT_EQ(log.size(), 5000u * 64);
+    LogRead ending;
+    const std::vector<Fields> records = byFields(log, ending);
+    EXPECT_EQ(ending, LogRead::End);
+    ASSERT_EQ(records.size(), 5000u);
+    EXPECT_EQ(records[4096][0], "N14096");
+    const std::vector<Fields> lines = byLines(log);
+    ASSERT_EQ(lines.size(), 5000u);
+    EXPECT_EQ(lines[4096][0], "N14096");
+}
+
 TEST(WorkGroups, TheGroupIsTheIdInFrontOfItsFirstHyphenAndTheFilterComparesItExactly)
 {
     EXPECT_EQ(ExtractWorkGroup("12-34-5"), "12");

@@ -78,8 +78,13 @@ void ScenarioTest::tester(const std::string& text)
 
 std::vector<std::string> ScenarioTest::logLines()
 {
+    return fileLines("LOG.TXT");
+}
+
+std::vector<std::string> ScenarioTest::fileLines(const std::string& name)
+{
     std::vector<std::string> lines;
-    const std::string text = read("LOG.TXT");
+    const std::string text = read(name);
     size_t start = 0;
     while (start < text.size()) {
         size_t end = text.find("\r\n", start);

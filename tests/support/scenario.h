@@ -49,6 +49,8 @@ protected:
     void answerPassword(const std::string& text);
     void cancelPassword();
     std::vector<std::string> logLines();
+    // The lines of a file of the program directory, without their CR LF.
+    std::vector<std::string> fileLines(const std::string& name);
     bool testWindowOpen();
 };
 

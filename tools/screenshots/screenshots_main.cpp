@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTimer>
 
 #include <cstdio>
@@ -62,7 +63,12 @@ int main(int argc, char** argv)
 
     zandolt::screenshots::ShotContext ctx{backend, app, outDir, qEnvironmentVariable("ZANDOLT_TESTER_TTY")};
     int failures = 0;
+    // ZANDOLT_SHOTS, a list of picture names separated by blanks or commas, takes only those.
+    const QStringList wanted =
+        qEnvironmentVariable("ZANDOLT_SHOTS").split(QRegularExpression("[ ,]+"), Qt::SkipEmptyParts);
     for (const auto& shot : zandolt::screenshots::AllShots()) {
+        if (!wanted.isEmpty() && !wanted.contains(shot.name))
+            continue;
         const QString file = outDir.filePath(shot.name + ".png");
         if (shot.take(ctx, file)) {
             std::printf("%s\n", qPrintable(file));

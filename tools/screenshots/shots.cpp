@@ -56,6 +56,14 @@ std::vector<Shot> AllShots()
         {"monthly-report-viewer", ShootMonthlyReport},
         {"employee-chooser", ShootEmployeeChooser},
         {"help-window", ShootHelpWindow},
+        {"employee-editor", ShootModForm},
+        {"change-all-limits", ShootLimitsForm},
+        {"leave-window", ShootSickForm},
+        {"leave-summary", ShootLeaveSummary},
+        {"general-configuration", ShootConfigform},
+        {"selection-configuration", ShootSelConfigForm},
+        {"reader-configuration", ShootConFigReaderForm},
+        {"directories", ShootDirForm},
     };
 }
 

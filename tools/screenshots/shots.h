@@ -64,7 +64,19 @@ bool ShootTestFailed(ShotContext& ctx, const QString& file);
 bool ShootMonthlyReport(ShotContext& ctx, const QString& file);
 bool ShootEmployeeChooser(ShotContext& ctx, const QString& file);
 bool ShootHelpWindow(ShotContext& ctx, const QString& file);
+// Starts the station, shows the window without modality (after `fill`, when given), saves its
+// picture and closes it again.
+bool ShowAndSave(ShotContext& ctx, Form& form, const QString& file, const std::function<void()>& fill = {});
+
 bool ShootUnknownIdWindow(ShotContext& ctx, const QString& file);
 bool ShootCertificationWindow(ShotContext& ctx, const QString& file);
+bool ShootModForm(ShotContext& ctx, const QString& file);
+bool ShootLimitsForm(ShotContext& ctx, const QString& file);
+bool ShootSickForm(ShotContext& ctx, const QString& file);
+bool ShootLeaveSummary(ShotContext& ctx, const QString& file);
+bool ShootConfigform(ShotContext& ctx, const QString& file);
+bool ShootSelConfigForm(ShotContext& ctx, const QString& file);
+bool ShootConFigReaderForm(ShotContext& ctx, const QString& file);
+bool ShootDirForm(ShotContext& ctx, const QString& file);
 
 } // namespace zandolt::screenshots

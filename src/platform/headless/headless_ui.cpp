@@ -128,6 +128,25 @@ std::string HeadlessUi::inputBox(const std::string& prompt, const std::string& t
     return answer;
 }
 
+bool HeadlessUi::fontDialog(std::string& name, float& size)
+{
+    if (fontAnswers_.empty())
+        throw UnscriptedQuestion("The font dialog opens with \"" + name + "\" and no script answers it");
+    const auto [chosen, points] = fontAnswers_.front();
+    fontAnswers_.pop_front();
+    journal_.push_back("font " + name);
+    if (chosen.empty())
+        return false;
+    name = chosen;
+    size = points;
+    return true;
+}
+
+void HeadlessUi::answerFontDialog(const std::string& name, float size)
+{
+    fontAnswers_.emplace_back(name, size);
+}
+
 void HeadlessUi::beep()
 {
     beeps_.push_back(now());

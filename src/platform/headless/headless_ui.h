@@ -56,6 +56,7 @@ public:
     void focusChanged(Control& control) override;
     int msgBox(const std::string& prompt, int buttons, const std::string& title) override;
     std::string inputBox(const std::string& prompt, const std::string& title, const std::string& defaultText) override;
+    bool fontDialog(std::string& name, float& size) override;
     void beep() override;
     void setBusy(bool busy) override { busy_ = busy; }
     // Delivers what was posted, fires the timers that are due, and moves the clock by one millisecond,
@@ -80,6 +81,8 @@ public:
     // OK button need no script.
     void answerMsgBox(const std::string& promptPart, int answer);
     void answerInputBox(const std::string& promptPart, const std::string& answer);
+    // The next font dialog picks this font, or is cancelled when the name is empty.
+    void answerFontDialog(const std::string& name, float size);
     // A modal window that is still open after this much virtual time fails the test.
     void setModalTimeLimit(std::int64_t ms) { modalLimitMs_ = ms; }
 
@@ -124,6 +127,7 @@ private:
     std::map<std::string, std::deque<std::function<void(Form&)>>> modalScripts_;
     std::vector<std::pair<std::string, int>> msgAnswers_;
     std::vector<std::pair<std::string, std::string>> inputAnswers_;
+    std::deque<std::pair<std::string, float>> fontAnswers_;
     std::vector<MessageRecord> messages_;
     std::vector<ModalRecord> modals_;
     std::vector<std::int64_t> beeps_;

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFontDialog>
 #include <QInputDialog>
 
 #include <cstdio>
@@ -106,6 +107,23 @@ std::string RunInputBox(const std::string& prompt, const std::string& title, con
     if (dialog.exec() != QDialog::Accepted)
         return {};
     return TextFromQt(dialog.textValue());
+}
+
+bool RunFontDialog(std::string& name, float& size)
+{
+    QFont seed(TextToQt(name));
+    if (size > 0)
+        seed.setPointSizeF(size);
+    QFontDialog dialog(seed);
+    dialog.setWindowModality(Qt::ApplicationModal);
+    // Reports are laid out in columns: only fixed-pitch fonts keep them.
+    dialog.setOption(QFontDialog::MonospacedFonts, true);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    const QFont chosen = dialog.selectedFont();
+    name = TextFromQt(chosen.family());
+    size = static_cast<float>(chosen.pointSizeF());
+    return true;
 }
 
 void ShowHandlerFailure(const char* what)

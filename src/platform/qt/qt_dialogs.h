@@ -21,5 +21,7 @@ int RunMessageBox(const std::string& prompt, int buttons, const std::string& tit
 // the program goes on with its next event.
 void ShowHandlerFailure(const char* what);
 std::string RunInputBox(const std::string& prompt, const std::string& title, const std::string& defaultText);
+// The font dialog with fixed-pitch fonts only, seeded with the name and size; false on cancel.
+bool RunFontDialog(std::string& name, float& size);
 
 } // namespace zandolt::qt

@@ -197,6 +197,11 @@ std::string QtUi::inputBox(const std::string& prompt, const std::string& title, 
     return RunInputBox(prompt, title, defaultText);
 }
 
+bool QtUi::fontDialog(std::string& name, float& size)
+{
+    return RunFontDialog(name, size);
+}
+
 void QtUi::beep()
 {
     QApplication::beep();

@@ -40,6 +40,7 @@ public:
     void focusChanged(Control& control) override;
     int msgBox(const std::string& prompt, int buttons, const std::string& title) override;
     std::string inputBox(const std::string& prompt, const std::string& title, const std::string& defaultText) override;
+    bool fontDialog(std::string& name, float& size) override;
     void beep() override;
     void setBusy(bool busy) override;
     void doEvents() override;

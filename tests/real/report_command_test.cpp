@@ -1,0 +1,221 @@
+// The report command line without its generators: what the arguments may be and what they become,
+// the report parameters a run sets from them and from the present moment, the choice of the
+// employee, and the exit codes. Stand-in generators record what they were given.
+#include "platform/console/console_ui.h"
+#include "report_command.h"
+#include "station/err_msg_frm.h"
+#include "support/station_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace zandolt::testing {
+namespace {
+
+ReportParameters seen;
+int runs = 0;
+
+bool recordAndWrite(App& app)
+{
+    seen = app;
+    ++runs;
+    return app.files.replace(app.ReportTxtPath, "t\r\n") == FileResult::Ok &&
+           app.files.replace(app.ReportCsvPath, "c\r\n") == FileResult::Ok;
+}
+
+bool failWithMessage(App& app)
+{
+    ++runs;
+    app.ui.msgBox(" Error opening report file to write", msgbox::OKOnly, "");
+    return false;
+}
+
+const std::vector<ReportKind> Kinds = {
+    {"monthly", recordAndWrite, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
+    {"individual", recordAndWrite, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
+    {"attendance", recordAndWrite, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
+    {"broken", failWithMessage, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
+};
+
+ParsedArguments parse(std::vector<std::string> args)
+{
+    return ParseReportArguments(args, Kinds);
+}
+
+std::string errorOf(std::vector<std::string> args)
+{
+    return parse(std::move(args)).error;
+}
+
+TEST(ReportArguments, EveryOptionIsReadInBothForms)
+{
+    const ParsedArguments p = parse({"--dir",
+                                     "/srv/site",
+                                     "monthly",
+                                     "--now=2026-11-20T23:59:58",
+                                     "--month",
+                                     "13",
+                                     "--date",
+                                     "2/29/2028",
+                                     "--start=01/01/2026",
+                                     "--stop",
+                                     "12/31/2026",
+                                     "--group",
+                                     "ASM",
+                                     "--employee",
+                                     "Doe, Jane",
+                                     "--year",
+                                     "2025",
+                                     "--from",
+                                     "7:05:09",
+                                     "--to=23:59:59"});
+    ASSERT_EQ(p.error, "");
+    const ReportRequest& r = p.request;
+    EXPECT_STREQ(r.kind->name, "monthly");
+    EXPECT_EQ(r.dir, "/srv/site");
+    ASSERT_TRUE(r.now);
+    EXPECT_EQ(r.now->year * 10000 + r.now->month * 100 + r.now->day, 20261120);
+    EXPECT_EQ(r.now->hour * 10000 + r.now->minute * 100 + r.now->second, 235958);
+    EXPECT_EQ(r.month, 13); // a month past December is the generator's to refuse, as at the station
+    // Days since 30 December 1899: 1 January 2026 is 46023, 1 January 2028 two years of 365 days
+    // later, and 29 February 31 + 28 days after that.
+    EXPECT_EQ(r.date, 46023 + 730 + 59);
+    EXPECT_EQ(r.start, 46023);
+    EXPECT_EQ(r.stop, 46387);
+    EXPECT_EQ(r.group, "ASM");
+    EXPECT_EQ(r.employee, "Doe, Jane");
+    EXPECT_EQ(r.year, 2025);
+    EXPECT_EQ(r.from, 7 * 3600 + 5 * 60 + 9);
+    EXPECT_EQ(r.to, 86399);
+    EXPECT_FALSE(r.help);
+    EXPECT_TRUE(parse({"monthly", "--month", "3", "--help"}).request.help);
+    EXPECT_EQ(parse({"monthly", "--group="}).request.group, ""); // an empty group is every group
+}
+
+TEST(ReportArguments, WhatCannotBeUsedIsAUsageErrorThatSaysWhy)
+{
+    EXPECT_EQ(errorOf({}), "KIND is missing");
+    EXPECT_EQ(errorOf({"weekly"}), "unknown KIND \"weekly\"");
+    EXPECT_EQ(errorOf({"monthly", "individual"}), "one KIND only, not also \"individual\"");
+    EXPECT_EQ(errorOf({"monthly", "--colour", "red"}), "unknown option --colour");
+    EXPECT_EQ(errorOf({"monthly", "--month"}), "--month wants a value");
+    EXPECT_EQ(errorOf({"monthly", "--month", "4", "--month=5"}), "--month is given twice");
+    EXPECT_EQ(errorOf({"attendance", "--year", "2026"}), "attendance wants --employee");
+    EXPECT_EQ(errorOf({"monthly", "--employee="}), "--employee wants a name \"Last, First\", not \"\"");
+    // Numbers, dates and times that are no such thing, or out of their range.
+    for (const char* month : {"0", "-1", "4.5", "x", "40000"})
+        EXPECT_NE(errorOf({"monthly", "--month", month}), "") << month;
+    for (const char* date : {"2/29/2027", "13/01/2026", "0", "00/00/0000", "1/2/26", "1/2/2026/", "2026-01-02"})
+        EXPECT_EQ(errorOf({"monthly", "--date", date}),
+                  std::string("--date wants a date MM/DD/YYYY, not \"") + date + "\"");
+    for (const char* time : {"24:00:00", "7:60:00", "7:05", "07:05:00:00", "7:5:00"})
+        EXPECT_NE(errorOf({"monthly", "--from", time}), "") << time;
+    for (const char* now : {"2026-11-20 08:00:00", "2026-11-31T08:00:00", "2026-11-20T8:00:00", "20261120T080000"})
+        EXPECT_NE(errorOf({"monthly", "--now", now}), "") << now;
+    EXPECT_NE(errorOf({"monthly", "--year", "0"}), "");
+}
+
+class ReportRun : public StationTest
+{
+protected:
+    ReportRun()
+    {
+        runs = 0;
+        seen = ReportParameters{};
+        // The demo's settings keep every file in the station's own directory.
+        write("ZANDOLT.INI", ReadTextFile(ZANDOLT_SOURCE_DIR "/resources/demo/ZANDOLT.INI"));
+        write("NAMES.TXT", "# one\r\n# two\r\nSmith, Al, A-1\r\nDoe, Jane, B-2\r\nDOE, JANE, B-3\r\n");
+    }
+
+    int run(std::vector<std::string> args)
+    {
+        const ParsedArguments p = parse(std::move(args));
+        EXPECT_EQ(p.error, "");
+        if (p.request.now)
+            backend_->clock.setNow(*p.request.now);
+        out.str("");
+        err.str("");
+        return RunReport(*app_, p.request, out, err);
+    }
+
+    std::ostringstream out, err;
+};
+
+TEST_F(ReportRun, AbsentOptionsTakeThePresentMomentAndMeanEverything)
+{
+    // 20 November 2026 is day 46023 + 304 + 19.
+    ASSERT_EQ(run({"monthly", "--now", "2026-11-20T08:30:00"}), ReportDone);
+    EXPECT_EQ(seen.ReportMonth, 11);
+    EXPECT_EQ(seen.ReportDate, 46346);
+    EXPECT_EQ(seen.ReportStartDate, 46346);
+    EXPECT_EQ(seen.ReportStopDate, 46346);
+    EXPECT_EQ(seen.ReportWorkGroup, "");
+    EXPECT_EQ(seen.ReportEmployeeIndex, -1);
+    EXPECT_EQ(seen.ReportEmployeeName, "");
+    EXPECT_EQ(seen.ExceptionStartTime, 0);
+    EXPECT_EQ(seen.ExceptionStopTime, 86399);
+    // The station's start-up read the table from the directory.
+    EXPECT_EQ(app_->EmployeeCount, 3);
+    // The two files' full paths, one a line.
+    EXPECT_EQ(out.str(), path("REPORT.TXT") + "\n" + path("REPORT.CSV") + "\n");
+    EXPECT_EQ(read("REPORT.TXT"), "t\r\n");
+}
+
+TEST_F(ReportRun, AnEmployeeIsTheFirstRowOfThatNameInAnyCaseButTheIndividualLogTakesTheNameAsTyped)
+{
+    ASSERT_EQ(run({"monthly", "--employee", "doe, JANE"}), ReportDone);
+    EXPECT_EQ(seen.ReportEmployeeIndex, 1);
+    EXPECT_EQ(seen.ReportEmployeeName, "Doe, Jane");
+    ASSERT_EQ(run({"attendance", "--employee", "DOE, JANE", "--now", "2026-03-01T00:00:00"}), ReportDone);
+    EXPECT_EQ(seen.ReportEmployeeIndex, 1);
+    // The individual log selects lines of the log, where a former employee still stands.
+    ASSERT_EQ(run({"individual", "--employee", "Gone, Long"}), ReportDone);
+    EXPECT_EQ(seen.ReportEmployeeIndex, -1);
+    EXPECT_EQ(seen.ReportEmployeeName, "Gone, Long");
+    // A name that is in no row is a usage error, and no report is made.
+    runs = 0;
+    EXPECT_EQ(run({"monthly", "--employee", "Doe, Jan"}), ReportUsageError);
+    EXPECT_EQ(runs, 0);
+    EXPECT_EQ(out.str(), "");
+    EXPECT_NE(err.str().find("no employee is named \"Doe, Jan\""), std::string::npos) << err.str();
+}
+
+TEST_F(ReportRun, AGeneratorsErrorPathExitsOneWithoutPaths)
+{
+    EXPECT_EQ(run({"broken"}), ReportFailed);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(out.str(), "");
+    EXPECT_EQ(ui().messages().back().prompt, " Error opening report file to write");
+}
+
+TEST(ReportYear, TheAttendanceYearIsTheGivenOneOrThePresentOne)
+{
+    ReportRequest r;
+    const DateTime now{2026, 11, 20, 8, 0, 0, 0};
+    EXPECT_EQ(YearAnswer(r, now), "2026");
+    r.year = 1999;
+    EXPECT_EQ(YearAnswer(r, now), "1999");
+}
+
+TEST(ConsoleUi, MessagesGoToTheStreamAndTakeTheDefaultButton)
+{
+    // The timed error window of a station is written out and closed, so that its caller goes on.
+    std::ostringstream messages;
+    console::ConsoleUi ui(messages);
+    headless::HeadlessBackend backend(TempDir().path());
+    Services services = backend.services();
+    App app(Services{ui, services.clock, services.serial, services.printer, services.files, services.programs,
+                     services.locale});
+    ShowTimedError(app, "Error reading 1 Names.txt", 4);
+    EXPECT_FALSE(app.errMsgFrm().loaded());
+    EXPECT_EQ(ui.msgBox("Reset the logging file Log.txt?", msgbox::YesNo | msgbox::Question, "Log"), msgbox::Yes);
+    EXPECT_EQ(ui.msgBox(" Error opening file", msgbox::OKCancel, ""), msgbox::OK);
+    EXPECT_EQ(messages.str(), "Error reading 1 Names.txt\nLog: Reset the logging file Log.txt?\n Error opening file\n");
+    ui.answerInput("Year?", "2024");
+    EXPECT_EQ(ui.inputBox("Year?", "Year entry", "2026"), "2024");
+    EXPECT_EQ(ui.inputBox("Month?", "", "11"), "11");
+}
+
+} // namespace
+} // namespace zandolt::testing
