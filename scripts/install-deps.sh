@@ -8,6 +8,7 @@ packages=(
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   libcurl4-openssl-dev
   xvfb xauth socat xdotool imagemagick fonts-dejavu-core
+  cups-daemon cups-client cups-bsd poppler-utils
   python3
 )
 

@@ -34,7 +34,7 @@ void HelpForm::design()
     TextBox1.setMultiLine(true);
     TextBox1.setScrollBars(2);
     TextBox1.setLocked(true);
-    TextBox1.setFontName("DejaVu Sans");
+    TextBox1.setFontName("Courier New");
     TextBox1.setFontSize(10);
 }
 

@@ -1,5 +1,5 @@
-// The report generators this station is built with, by report; an empty one is not part of the
-// build yet, and its menu entry stays disabled.
+// The report generators of the station, by report, as the Reports menu calls them. An entry whose
+// generator is empty stays disabled.
 #pragma once
 
 #include "reports/report_frame.h"

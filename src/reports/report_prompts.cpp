@@ -9,10 +9,10 @@ namespace zandolt {
 
 namespace {
 
-// How the frame reads a typed date.
+// A typed date is read as the desktop reads dates.
 Date ReadDate(const App& app, const std::string& text)
 {
-    return StringToDate(app, text);
+    return ReadTypedDate(app, text);
 }
 
 Date AskDate(App& app, const std::string& prompt)

@@ -79,8 +79,7 @@ void NameForm::wireMenus()
     wireReportMenus();
 }
 
-// The Reports and Help entries. A report entry is enabled only where its generator is part of the
-// station.
+// The Reports and Help entries.
 void NameForm::wireReportMenus()
 {
     const auto wire = [](MenuItem& item, std::function<void()> click) {

@@ -21,6 +21,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextCursor>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -418,6 +419,33 @@ TEST_F(QtWidgets, AFocusGivenByTheModelLandsOnTheWidget)
     ASSERT_TRUE(QTest::qWaitFor([&] { return w<QLineEdit>(form.Password1)->hasFocus(); }));
     QTest::mouseClick(w<QLineEdit>(form.Text1), Qt::LeftButton);
     EXPECT_EQ(form.focused(), &form.Text1);
+}
+
+} // namespace
+} // namespace zandolt::qt::testing
+
+namespace zandolt::qt::testing {
+namespace {
+
+TEST_F(QtWidgets, AMemoWithAHorizontalBarKeepsItsLinesAndTellsTheModelItsSelection)
+{
+    // A report's columns stay aligned only when long lines do not wrap.
+    auto* memo = w<QPlainTextEdit>(form.Memo1);
+    ASSERT_NE(memo, nullptr);
+    EXPECT_EQ(memo->lineWrapMode(), QPlainTextEdit::WidgetWidth);
+    form.Memo1.setScrollBars(3);
+    EXPECT_EQ(memo->lineWrapMode(), QPlainTextEdit::NoWrap);
+
+    // What the user selects reaches the model with the model's line ends; a new text clears it.
+    form.Memo1.setEnabled(true);
+    form.Memo1.setText("one\r\ntwo\r\nthree");
+    QTextCursor cursor = memo->textCursor();
+    cursor.setPosition(1);
+    cursor.setPosition(6, QTextCursor::KeepAnchor);
+    memo->setTextCursor(cursor);
+    EXPECT_EQ(form.Memo1.selText(), "ne\r\ntw");
+    form.Memo1.setText("other");
+    EXPECT_EQ(form.Memo1.selText(), "");
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "reports/report_frame.h"
 #include "reports/report_printing.h"
 #include "reports/report_prompts.h"
+#include "station/name_form.h"
 #include "support/scenario.h"
 
 #include <gtest/gtest.h>
@@ -270,6 +271,16 @@ TEST_F(ReportFrame, PrintMonthlyPrintsOneReportPerCopyOrSaysCancel)
     printer().dialogCopies = 0;
     PrintReportHandler(*app_, generator("REPORT.TXT"));
     EXPECT_EQ(ui().messages().back().prompt, " Cancel pressed or printer error");
+
+    // No printer at all: the same message, and no dialog.
+    ui().answerInputBox("month number", "11");
+    ui().answerInputBox("work group", "A");
+    printer().dialogCopies = 1;
+    printer().answers = false;
+    const int dialogs = printer().dialogs;
+    PrintReportHandler(*app_, generator("REPORT.TXT"));
+    EXPECT_EQ(ui().messages().back().prompt, " Cancel pressed or printer error");
+    EXPECT_EQ(printer().dialogs, dialogs);
     EXPECT_EQ(printed().size(), 2u);
 }
 
@@ -299,6 +310,127 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
                  [this](Form&) { app_->individualEmployeeSelectionForm().CancelBut.userClick(); });
     AttendanceHandler(*app_, generator("ATTEND.TXT"));
     EXPECT_EQ(seen.size(), 1u);
+}
+
+} // namespace
+} // namespace zandolt::testing
+
+namespace zandolt::testing {
+namespace {
+
+// The entries whose generators are part of the station, through the main window's menu.
+class ReportMenu : public ReportFrame
+{
+};
+
+TEST_F(ReportMenu, MonthlyAndExceptionEntriesShowOrPrintWhatTheirGeneratorWrote)
+{
+    write("LOG.TXT", "Baker, Cy           , A-2                , 11-20-2026, 07:31:02, Wok, Lok, Rok, 1.5, 12, 11\r\n");
+    NameForm& main = app_->nameForm();
+    ASSERT_TRUE(main.mnuDisplayReport.enabled());
+    ui().answerInputBox("month number", "11");
+    ui().answerInputBox("work group", "A");
+    main.mnuDisplayReport.userClick();
+    const std::string report = read("REPORT.TXT");
+    EXPECT_NE(report.find("Baker"), std::string::npos);
+    EXPECT_EQ(report.find("Zeta"), std::string::npos);
+    EXPECT_EQ(viewer().TextBox1.text(), report);
+    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Monthly Test Report");
+    EXPECT_TRUE(printer().documents().empty());
+
+    ui().answerInputBox("month number", "11");
+    ui().answerInputBox("work group", "A");
+    main.mnuPrintReport.userClick();
+    ASSERT_EQ(printer().documents().size(), 1u);
+    std::string printedText;
+    for (const std::string& line : printer().documents()[0].lines)
+        printedText += line + "\r\n";
+    EXPECT_EQ(printedText, report);
+
+    ui().answerInputBox("work group", "B");
+    main.mnuExceptions2.userClick();
+    EXPECT_EQ(app_->ReportDate, DateSerial(2026, 11, 22));
+    EXPECT_EQ(viewer().TextBox1.text(), read("EXCEPT.TXT"));
+    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Exceptions Test Report");
+}
+
+} // namespace
+} // namespace zandolt::testing
+
+namespace zandolt::testing {
+namespace {
+
+TEST_F(ReportMenu, EveryOtherEntryShowsItsFileUnderItsTitleWithItsBatchFile)
+{
+    write("LOG.TXT", "Baker, Cy           , A-2                , 11-20-2026, 07:31:02, Wok, Lok, Rok, 1.5, 12, 11\r\n");
+    backend_->clock.setNow({2026, 11, 22, 9, 0, 0});
+    const std::string stamp = "Acme as of 11/22/2026 9:00:00 AM";
+    const std::string heading = "LastName, FirstName, ID#, Date, Time, WristStat, LeftStat, RightStat, WristMegs, "
+                                "LeftMegs, RightMegs\r\n          Stat key: ok=in range, hi=resistance too high, "
+                                "lo=resistance too low, -=not used\r\n\r\n";
+    NameForm& main = app_->nameForm();
+    struct Case
+    {
+        MenuItem& entry;
+        std::vector<std::pair<std::string, std::string>> answers;
+        std::string file, title, hook, heading;
+    };
+    const std::vector<Case> cases{
+        {main.mnuDaily,
+         {{"date of the day", "11/20/2026"}, {"work group", "A"}},
+         "DAILY.TXT",
+         "ISO-9000 ESD Protection Daily Log Report   " + stamp,
+         "LogRep.bat",
+         heading},
+        {main.mnuIndividualLog,
+         {{"starting date", "11/1/2026"}, {"stopping date", "11/21/2026"}},
+         "INDIV.TXT",
+         "ISO-9000 ESD Protection Individual Log Report   " + stamp,
+         "Indiv.bat",
+         heading},
+        {main.mnuExceptions,
+         {{"date of the day", "11/20/2026"}, {"work group", "A"}},
+         "EXCEPT.TXT",
+         "ISO-9000 ESD Protection Exceptions Test Report",
+         "Except.bat",
+         ""},
+        {main.mnuCertification,
+         {{"date of the day", "11/20/2026"}, {"work group", "A"}},
+         "CERTIF.TXT",
+         "ISO-9000 ESD Protection Certification Expiration Report",
+         "Certif.bat",
+         ""},
+        {main.mnuVacation,
+         {{"month number", "11"}, {"work group", "A"}},
+         "VACATION.TXT",
+         "ISO-9000 ESD Protection Monthly Vacation",
+         "Vacation.bat",
+         ""},
+        {main.mnuAttendance,
+         {{"Year?", "2026"}},
+         "ATTEND.TXT",
+         "ISO-9000 ESD Attendance Report   " + stamp,
+         "Attend.bat",
+         ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.entry.name());
+        ASSERT_TRUE(c.entry.enabled());
+        for (const auto& [prompt, answer] : c.answers)
+            ui().answerInputBox(prompt, answer);
+        // The individual log and the attendance table always ask for the employee.
+        if (c.hook == "Indiv.bat" || c.hook == "Attend.bat")
+            chooseEntry(1);
+        c.entry.userClick();
+        ASSERT_TRUE(viewer().visible());
+        EXPECT_EQ(viewer().caption(), c.title);
+        EXPECT_EQ(app_->ReportMacroName, c.hook);
+        const std::string file = read(c.file);
+        EXPECT_FALSE(file.empty());
+        EXPECT_EQ(viewer().TextBox1.text(), c.heading + file);
+    }
+    // The individual log of Baker holds the one line of the log.
+    EXPECT_NE(read("INDIV.TXT").find("Baker"), std::string::npos);
 }
 
 } // namespace

@@ -61,6 +61,9 @@ bool ShootTitleScreen(ShotContext& ctx, const QString& file);
 bool ShootPressWindow(ShotContext& ctx, const QString& file);
 bool ShootTestPassed(ShotContext& ctx, const QString& file);
 bool ShootTestFailed(ShotContext& ctx, const QString& file);
+bool ShootMonthlyReport(ShotContext& ctx, const QString& file);
+bool ShootEmployeeChooser(ShotContext& ctx, const QString& file);
+bool ShootHelpWindow(ShotContext& ctx, const QString& file);
 // Starts the station, shows the window without modality (after `fill`, when given), saves its
 // picture and closes it again.
 bool ShowAndSave(ShotContext& ctx, Form& form, const QString& file, const std::function<void()>& fill = {});
