@@ -53,7 +53,10 @@ void DispForm::wire()
 
 void DispForm::ShowMacroButton()
 {
-    PrintViaMacroBut.setVisible(!app_.ReportMacroName.empty() && app_.files.exists(app_.AppDir + app_.ReportMacroName));
+    const bool shown = !app_.ReportMacroName.empty() && app_.files.exists(app_.AppDir + app_.ReportMacroName);
+    PrintViaMacroBut.setVisible(shown);
+    // Close takes the hidden button's place, so that no gap is left in the row.
+    CloseBut.move(shown ? 3390 : PrintViaMacroBut.left(), CloseBut.top(), CloseBut.width(), CloseBut.height());
 }
 
 void DispForm::Form_Load()
