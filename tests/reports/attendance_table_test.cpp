@@ -2,7 +2,7 @@
 // marked "*", matched on last name, first name and ID with case; the year asked for; the errors.
 #include "reports/attendance_table.h"
 
-#include "reports/report_site_rows.h"
+#include "reports/report_test_site.h"
 
 #include <gtest/gtest.h>
 
@@ -118,22 +118,6 @@ TEST_F(AttendanceTableTest, NoYearEndsQuietlyAndAMissingLogTakesTheScanErrorPath
     EXPECT_FALSE(exists("ATTEND.TXT"));
     EXPECT_FALSE(exists("ATTEND.CSV"));
     EXPECT_FALSE(backend_->ui.busy());
-}
-
-TEST_F(AttendanceTableTest, UnwritableFilesTakeTheirPhasesMessages)
-{
-    app_->AttendTxtPath = path("missing/ATTEND.TXT");
-    ui().answerInputBox("Year?", "2026");
-    EXPECT_FALSE(GenerateAttendanceTable(*app_));
-    EXPECT_EQ(prompts(), (std::vector<std::string>{"Year?", " Error opening report file to write"}));
-    EXPECT_FALSE(exists("ATTEND.CSV"));
-
-    app_->AttendTxtPath = path("ATTEND.TXT");
-    app_->AttendCsvPath = path("missing/ATTEND.CSV");
-    ui().answerInputBox("Year?", "2026");
-    EXPECT_FALSE(GenerateAttendanceTable(*app_));
-    EXPECT_EQ(prompts().back(), " Error opening report .CSV file to write");
-    EXPECT_EQ(read("ATTEND.TXT").substr(0, heading.size()), heading);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 // the date written with four digits in the text and two in the CSV, and the two phases' errors.
 #include "reports/certification_report.h"
 
-#include "reports/report_site_rows.h"
+#include "reports/report_test_site.h"
 
 #include <gtest/gtest.h>
 
@@ -61,25 +61,6 @@ TEST_F(CertificationReportTest, GroupAndEmployeeFiltersNumberTheRowsAfresh)
     EXPECT_TRUE(GenerateCertificationReport(*app_));
     EXPECT_EQ(read("CERTIF.TXT"), heading + Lines({"  1 " + roe + "2, 11/22/2026"}));
     EXPECT_EQ(read("CERTIF.CSV"), Lines({"11/22/2026", "1, Roe, Rick, B-2, 2, 11/22/26"}));
-}
-
-TEST_F(CertificationReportTest, EachPhaseHasItsOwnMessageAndLaterPhasesAreNotWritten)
-{
-    // A text directory that cannot be written stops the report before the CSV.
-    write("CERTIF.CSV", "old csv");
-    app_->CertifTxtPath = path("missing/CERTIF.TXT");
-    EXPECT_FALSE(GenerateCertificationReport(*app_));
-    EXPECT_EQ(prompts(), std::vector<std::string>{" Error opening certification report file to write"});
-    EXPECT_EQ(read("CERTIF.CSV"), "old csv");
-    EXPECT_FALSE(backend_->ui.busy());
-
-    // A CSV directory that cannot be written: the text report stands.
-    app_->CertifTxtPath = path("CERTIF.TXT");
-    app_->CertifCsvPath = path("missing/CERTIF.CSV");
-    EXPECT_FALSE(GenerateCertificationReport(*app_));
-    EXPECT_EQ(prompts().back(), " Error opening certification report .CSV file to write");
-    EXPECT_EQ(read("CERTIF.TXT").substr(0, heading.size()), heading);
-    EXPECT_FALSE(backend_->ui.busy());
 }
 
 } // namespace

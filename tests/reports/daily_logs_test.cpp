@@ -2,7 +2,7 @@
 // kept nearly as they stand for the CSV; the stop rules; the exact name match; the errors.
 #include "reports/daily_logs.h"
 
-#include "reports/report_site_rows.h"
+#include "reports/report_test_site.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ protected:
     }
 };
 
-TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStand)
+TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAnEmptyDayGivesEmptyFiles)
 {
     // Short values get blanks in front up to seven characters, a longer one is kept whole; "ComFail"
     // becomes "Com" with its "*" columns widened; the scan stops at the 16th, losing the late line.
@@ -55,41 +55,26 @@ TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStand)
                kLongName + ", A-123456           , 3/15/2026,  08:05:00, Wok, Lok, Rok, 1000.00, 00.80, 01.00"}));
     EXPECT_TRUE(prompts().empty());
     EXPECT_FALSE(backend_->ui.busy());
-}
 
-TEST_F(DailyLogTest, ADayWithoutTestsGivesTwoEmptyFiles)
-{
-    write("DAILY.TXT", "old");
+    // A day without tests gives two empty files.
     app_->ReportDate = DateSerial(2026, 3, 13);
     EXPECT_TRUE(GenerateDailyLog(*app_));
     EXPECT_EQ(read("DAILY.TXT"), "");
     EXPECT_EQ(read("DAILY.CSV"), "");
 }
 
-TEST_F(DailyLogTest, EachOpeningHasItsMessageAndLeavesNothingBehind)
+TEST_F(DailyLogTest, AMissingLogOrOneThatBreaksOffMidwayAbandonsTheReportAndKeepsTheOldFiles)
 {
-    app_->DailyTxtPath = path("missing/DAILY.TXT");
-    EXPECT_FALSE(GenerateDailyLog(*app_));
-    app_->DailyTxtPath = path("DAILY.TXT");
-    app_->DailyCsvPath = path("missing/DAILY.CSV");
-    EXPECT_FALSE(GenerateDailyLog(*app_));
-    app_->DailyCsvPath = path("DAILY.CSV");
-    app_->LogPath = path("missing/LOG.TXT");
-    EXPECT_FALSE(GenerateDailyLog(*app_));
-    EXPECT_EQ(prompts(), (std::vector<std::string>{" Error opening daily log file to write",
-                                                   " Error opening daily log .CSV file to write",
-                                                   " Error opening Log file to read for daily report"}));
-    EXPECT_FALSE(backend_->ui.busy());
-}
-
-TEST_F(DailyLogTest, ALogThatBreaksOffMidwayAbandonsTheReportAndKeepsTheOldFiles)
-{
-    // The read fails inside the third line, after the first selected one.
     write("DAILY.TXT", "old text");
     write("DAILY.CSV", "old csv");
+    app_->LogPath = path("missing/LOG.TXT");
+    EXPECT_FALSE(GenerateDailyLog(*app_));
+    // The read fails inside the third line, after the first selected one.
+    app_->LogPath = path("LOG.TXT");
     backend_->files.breakPieceReadsAfter(250);
     EXPECT_FALSE(GenerateDailyLog(*app_));
-    EXPECT_EQ(prompts(), std::vector<std::string>{" Error Generating Daily Log"});
+    EXPECT_EQ(prompts(), (std::vector<std::string>{" Error opening Log file to read for daily report",
+                                                   " Error Generating Daily Log"}));
     EXPECT_EQ(read("DAILY.TXT"), "old text");
     EXPECT_EQ(read("DAILY.CSV"), "old csv");
     EXPECT_FALSE(backend_->ui.busy());
@@ -143,13 +128,6 @@ TEST_F(IndividualLogTest, EveryoneInFileOrderUpToTheFirstLineAfterTheRange)
                      "01.00"}));
     const std::string text = read("INDIV.TXT");
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4);
-}
-
-TEST_F(IndividualLogTest, ItsErrorsSpeakOfTheDailyLog)
-{
-    app_->IndivCsvPath = path("missing/INDIV.CSV");
-    EXPECT_FALSE(GenerateIndividualLog(*app_));
-    EXPECT_EQ(prompts(), std::vector<std::string>{" Error opening daily log .CSV file to write"});
 }
 
 } // namespace

@@ -67,6 +67,12 @@ protected:
         });
     }
 
+    void answerMonthAndGroup(const std::string& month, const std::string& group)
+    {
+        ui().answerInputBox("month number", month);
+        ui().answerInputBox("work group", group);
+    }
+
     Lines seen;
     Lines chooserItems;
 };
@@ -106,8 +112,7 @@ TEST_F(ReportFrame, DatePromptsOfferTodayAndEndQuietlyOrWithIllegalDate)
 TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
 {
     // Month 13 passes the prompt; an emptied work-group box cancels; a text without a number is 0.
-    ui().answerInputBox("month number", "13");
-    ui().answerInputBox("work group", "");
+    answerMonthAndGroup("13", "");
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
     ui().answerInputBox("month number", "abc");
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
@@ -115,11 +120,9 @@ TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
     EXPECT_EQ(app_->ReportMonth, 0);
 
     // A work group never shows the chooser; the blank shows it, sorted without regard to case.
-    ui().answerInputBox("month number", "12.6");
-    ui().answerInputBox("work group", "A");
+    answerMonthAndGroup("12.6", "A");
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
-    ui().answerInputBox("month number", "3");
-    ui().answerInputBox("work group", " ");
+    answerMonthAndGroup("3", " ");
     chooseEntry(1);
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
     EXPECT_EQ(chooserItems, (Lines{"adams, Bo", "Baker, Cy", "Zeta, Al"}));
@@ -127,13 +130,11 @@ TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
     EXPECT_EQ(ui().modals().size(), 1u);
 
     // OK with nothing chosen means all; Cancel ends the report.
-    ui().answerInputBox("month number", "3");
-    ui().answerInputBox("work group", " ");
+    answerMonthAndGroup("3", " ");
     ui().onModal("IndividualEmployeeSelectionForm",
                  [this](Form&) { app_->individualEmployeeSelectionForm().OKBut.userClick(); });
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
-    ui().answerInputBox("month number", "3");
-    ui().answerInputBox("work group", " ");
+    answerMonthAndGroup("3", " ");
     ui().onModal("IndividualEmployeeSelectionForm",
                  [this](Form&) { app_->individualEmployeeSelectionForm().CancelBut.userClick(); });
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
@@ -141,15 +142,12 @@ TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
     EXPECT_EQ(seen.back(), "3|0|||-1");
 }
 
-TEST_F(ReportFrame, TheViewerShowsTheReportUnderItsTitleAndHeadingInTheReportFont)
+TEST_F(ReportFrame, TheViewerUsesTheReportFontAndOffersTheBatchFileOnlyWhenItIsThere)
 {
     write("Report.bat", "echo\r\n");
-    ui().answerInputBox("month number", "11");
-    ui().answerInputBox("work group", "A");
+    answerMonthAndGroup("11", "A");
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
     ASSERT_TRUE(viewer().visible());
-    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Monthly Test Report");
-    EXPECT_EQ(viewer().TextBox1.text(), "line 1\r\nline 2\r\n");
     EXPECT_EQ(viewer().TextBox1.fontName(), "Courier");
     EXPECT_EQ(viewer().TextBox1.fontSize(), 9);
     EXPECT_TRUE(viewer().PrintViaMacroBut.visible());
@@ -157,17 +155,10 @@ TEST_F(ReportFrame, TheViewerShowsTheReportUnderItsTitleAndHeadingInTheReportFon
     ASSERT_EQ(backend_->programs.runs.size(), 1u);
     EXPECT_EQ(backend_->programs.runs[0].commandLine, "sh '" + path("Report.bat") + "'");
 
-    // The daily log reuses the window, with the stamp and the column heading, and has no batch file here.
-    backend_->clock.setNow({2026, 11, 22, 14, 5, 9});
+    // The daily log reuses the window; its batch file is not there, so its button is hidden.
     ui().answerInputBox("date of the day", "11/20/2026");
     ui().answerInputBox("work group", "A");
     ReportHandler(*app_, report_kinds::Daily, generator("DAILY.TXT"));
-    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Daily Log Report   Acme as of 11/22/2026 2:05:09 PM");
-    EXPECT_EQ(viewer().TextBox1.text(),
-              "LastName, FirstName, ID#, Date, Time, WristStat, LeftStat, RightStat, WristMegs, LeftMegs, RightMegs\r\n"
-              "          Stat key: ok=in range, hi=resistance too high, lo=resistance too low, -=not used\r\n"
-              "\r\n"
-              "line 1\r\nline 2\r\n");
     EXPECT_FALSE(viewer().PrintViaMacroBut.visible());
     viewer().CloseBut.userClick();
     EXPECT_FALSE(viewer().loaded());
@@ -259,22 +250,19 @@ TEST_F(ReportFrame, PrintReportFilePrintsTheReportInLandscapeAndSaysWhatFailed)
 
 TEST_F(ReportFrame, PrintMonthlyPrintsOneReportPerCopyOrSaysCancel)
 {
-    ui().answerInputBox("month number", "11");
-    ui().answerInputBox("work group", "A");
+    answerMonthAndGroup("11", "A");
     printer().dialogCopies = 2;
     PrintReportHandler(*app_, generator("REPORT.TXT"));
     EXPECT_EQ(printed(), (Lines{"line 1|line 2|", "line 1|line 2|"}));
     EXPECT_FALSE(viewer().loaded());
 
-    ui().answerInputBox("month number", "11");
-    ui().answerInputBox("work group", "A");
+    answerMonthAndGroup("11", "A");
     printer().dialogCopies = 0;
     PrintReportHandler(*app_, generator("REPORT.TXT"));
     EXPECT_EQ(ui().messages().back().prompt, " Cancel pressed or printer error");
 
     // No printer at all: the same message, and no dialog.
-    ui().answerInputBox("month number", "11");
-    ui().answerInputBox("work group", "A");
+    answerMonthAndGroup("11", "A");
     printer().dialogCopies = 1;
     printer().answers = false;
     const int dialogs = printer().dialogs;
@@ -312,40 +300,21 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
     EXPECT_EQ(seen.size(), 1u);
 }
 
-} // namespace
-} // namespace zandolt::testing
-
-namespace zandolt::testing {
-namespace {
-
 // The entries whose generators are part of the station, through the main window's menu.
-class ReportMenu : public ReportFrame
-{
-};
+using ReportMenu = ReportFrame;
 
-TEST_F(ReportMenu, MonthlyAndExceptionEntriesShowOrPrintWhatTheirGeneratorWrote)
+TEST_F(ReportMenu, PrintReportPrintsTheMonthlyReportAndTheSecondExceptionsEntryTakesToday)
 {
     write("LOG.TXT", "Baker, Cy           , A-2                , 11-20-2026, 07:31:02, Wok, Lok, Rok, 1.5, 12, 11\r\n");
     NameForm& main = app_->nameForm();
-    ASSERT_TRUE(main.mnuDisplayReport.enabled());
-    ui().answerInputBox("month number", "11");
-    ui().answerInputBox("work group", "A");
-    main.mnuDisplayReport.userClick();
-    const std::string report = read("REPORT.TXT");
-    EXPECT_NE(report.find("Baker"), std::string::npos);
-    EXPECT_EQ(report.find("Zeta"), std::string::npos);
-    EXPECT_EQ(viewer().TextBox1.text(), report);
-    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Monthly Test Report");
-    EXPECT_TRUE(printer().documents().empty());
-
-    ui().answerInputBox("month number", "11");
-    ui().answerInputBox("work group", "A");
+    answerMonthAndGroup("11", "A");
     main.mnuPrintReport.userClick();
     ASSERT_EQ(printer().documents().size(), 1u);
     std::string printedText;
     for (const std::string& line : printer().documents()[0].lines)
         printedText += line + "\r\n";
-    EXPECT_EQ(printedText, report);
+    EXPECT_EQ(printedText, read("REPORT.TXT"));
+    EXPECT_NE(printedText.find("Baker"), std::string::npos);
 
     ui().answerInputBox("work group", "B");
     main.mnuExceptions2.userClick();
@@ -354,13 +323,7 @@ TEST_F(ReportMenu, MonthlyAndExceptionEntriesShowOrPrintWhatTheirGeneratorWrote)
     EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Exceptions Test Report");
 }
 
-} // namespace
-} // namespace zandolt::testing
-
-namespace zandolt::testing {
-namespace {
-
-TEST_F(ReportMenu, EveryOtherEntryShowsItsFileUnderItsTitleWithItsBatchFile)
+TEST_F(ReportMenu, EveryDisplayEntryShowsItsFileUnderItsTitleWithItsBatchFile)
 {
     write("LOG.TXT", "Baker, Cy           , A-2                , 11-20-2026, 07:31:02, Wok, Lok, Rok, 1.5, 12, 11\r\n");
     backend_->clock.setNow({2026, 11, 22, 9, 0, 0});
@@ -373,45 +336,21 @@ TEST_F(ReportMenu, EveryOtherEntryShowsItsFileUnderItsTitleWithItsBatchFile)
     {
         MenuItem& entry;
         std::vector<std::pair<std::string, std::string>> answers;
-        std::string file, title, hook, heading;
+        std::string file, title, hook, heading; // the title after "ISO-9000 ESD "
     };
+    const std::vector<std::pair<std::string, std::string>> monthAndGroup{{"month number", "11"}, {"work group", "A"}},
+        dayAndGroup{{"date of the day", "11/20/2026"}, {"work group", "A"}},
+        range{{"starting date", "11/1/2026"}, {"stopping date", "11/21/2026"}};
     const std::vector<Case> cases{
-        {main.mnuDaily,
-         {{"date of the day", "11/20/2026"}, {"work group", "A"}},
-         "DAILY.TXT",
-         "ISO-9000 ESD Protection Daily Log Report   " + stamp,
-         "LogRep.bat",
+        {main.mnuDisplayReport, monthAndGroup, "REPORT.TXT", "Protection Monthly Test Report", "Report.bat", ""},
+        {main.mnuDaily, dayAndGroup, "DAILY.TXT", "Protection Daily Log Report   " + stamp, "LogRep.bat", heading},
+        {main.mnuIndividualLog, range, "INDIV.TXT", "Protection Individual Log Report   " + stamp, "Indiv.bat",
          heading},
-        {main.mnuIndividualLog,
-         {{"starting date", "11/1/2026"}, {"stopping date", "11/21/2026"}},
-         "INDIV.TXT",
-         "ISO-9000 ESD Protection Individual Log Report   " + stamp,
-         "Indiv.bat",
-         heading},
-        {main.mnuExceptions,
-         {{"date of the day", "11/20/2026"}, {"work group", "A"}},
-         "EXCEPT.TXT",
-         "ISO-9000 ESD Protection Exceptions Test Report",
-         "Except.bat",
+        {main.mnuExceptions, dayAndGroup, "EXCEPT.TXT", "Protection Exceptions Test Report", "Except.bat", ""},
+        {main.mnuCertification, dayAndGroup, "CERTIF.TXT", "Protection Certification Expiration Report", "Certif.bat",
          ""},
-        {main.mnuCertification,
-         {{"date of the day", "11/20/2026"}, {"work group", "A"}},
-         "CERTIF.TXT",
-         "ISO-9000 ESD Protection Certification Expiration Report",
-         "Certif.bat",
-         ""},
-        {main.mnuVacation,
-         {{"month number", "11"}, {"work group", "A"}},
-         "VACATION.TXT",
-         "ISO-9000 ESD Protection Monthly Vacation",
-         "Vacation.bat",
-         ""},
-        {main.mnuAttendance,
-         {{"Year?", "2026"}},
-         "ATTEND.TXT",
-         "ISO-9000 ESD Attendance Report   " + stamp,
-         "Attend.bat",
-         ""},
+        {main.mnuVacation, monthAndGroup, "VACATION.TXT", "Protection Monthly Vacation", "Vacation.bat", ""},
+        {main.mnuAttendance, {{"Year?", "2026"}}, "ATTEND.TXT", "Attendance Report   " + stamp, "Attend.bat", ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.entry.name());
@@ -423,7 +362,7 @@ TEST_F(ReportMenu, EveryOtherEntryShowsItsFileUnderItsTitleWithItsBatchFile)
             chooseEntry(1);
         c.entry.userClick();
         ASSERT_TRUE(viewer().visible());
-        EXPECT_EQ(viewer().caption(), c.title);
+        EXPECT_EQ(viewer().caption(), "ISO-9000 ESD " + c.title);
         EXPECT_EQ(app_->ReportMacroName, c.hook);
         const std::string file = read(c.file);
         EXPECT_FALSE(file.empty());

@@ -1,16 +1,23 @@
 // A report file is written whole with CR LF line ends, or not at all with its phase's message.
 #include "reports/report_output.h"
 
+#include "reports/attendance_table.h"
+#include "reports/certification_report.h"
+#include "reports/daily_logs.h"
+#include "reports/exception_reports.h"
+#include "reports/monthly_report.h"
+#include "reports/report_test_site.h"
+#include "reports/vacation_report.h"
 #include "support/station_fixture.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace zandolt {
 namespace {
 
-class ReportOutput : public testing::StationTest
-{
-};
+using ReportOutput = testing::StationTest;
 
 TEST_F(ReportOutput, AFileReplacesTheOldOneWholeOrLeavesItWithTheMessage)
 {
@@ -31,6 +38,66 @@ TEST_F(ReportOutput, AFileReplacesTheOldOneWholeOrLeavesItWithTheMessage)
     EXPECT_FALSE(file.write(*app_, path("REPORT.TXT"), "held"));
     EXPECT_EQ(ui().messages().back().prompt, "held");
     EXPECT_EQ(backend_->files.replaceAttempts(), 3);
+}
+
+using ReportPhases = testing::ReportSiteRows;
+
+TEST_F(ReportPhases, EachGeneratorSaysWhichOfItsTwoFilesItCouldNotWriteAndKeepsTheOldCsv)
+{
+    App& a = *app_;
+    add({"Doe", "Jane", "A-1"});
+    log({"Doe, Jane, A-1, 11-20-2026, 08:00:00, Wok, Lok, Rok, 01.00, 01.00, 01.00"});
+    a.ReportMonth = 2;
+    a.ReportDate = a.ReportStartDate = DateSerial(2026, 11, 20);
+    a.ReportStopDate = DateSerial(2026, 11, 21);
+    a.ReportEmployeeIndex = 0;
+    const auto attendance = [this](App& app) {
+        ui().answerInputBox("Year?", "2026");
+        return GenerateAttendanceTable(app);
+    };
+    struct Case
+    {
+        std::string file;
+        std::function<bool(App&)> generate;
+        std::string &txt, &csv;
+        std::string txtMessage, csvMessage;
+        bool textBeforeCsv; // the daily logs open both files before they write either
+    };
+    const std::string daily = " Error opening daily log file to write";
+    const std::string dailyCsv = " Error opening daily log .CSV file to write";
+    const std::vector<Case> cases{
+        {"REPORT", GenerateMonthlyReport, a.ReportTxtPath, a.ReportCsvPath, " Error opening report file to write",
+         " Error opening report .CSV file to write", true},
+        {"EXCEPT", GenerateExceptionReport, a.ExceptTxtPath, a.ExceptCsvPath,
+         " Error opening exception report file to write", " Error opening exception report .CSV file to write", true},
+        {"CERTIF", GenerateCertificationReport, a.CertifTxtPath, a.CertifCsvPath,
+         " Error opening certification report file to write", " Error opening certification report .CSV file to write",
+         true},
+        {"VACATION", GenerateVacationReport, a.VacationTxtPath, a.VacationCsvPath,
+         " Error opening vacation report file to write", " Error opening vacation report .CSV file to write", true},
+        {"ATTEND", attendance, a.AttendTxtPath, a.AttendCsvPath, " Error opening report file to write",
+         " Error opening report .CSV file to write", true},
+        {"DAILY", GenerateDailyLog, a.DailyTxtPath, a.DailyCsvPath, daily, dailyCsv, false},
+        {"INDIV", GenerateIndividualLog, a.IndivTxtPath, a.IndivCsvPath, daily, dailyCsv, false},
+    };
+    const auto last = [this] { return prompts().empty() ? std::string() : prompts().back(); };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.file);
+        write(c.file + ".TXT", "old text");
+        write(c.file + ".CSV", "old csv");
+        c.txt = path("missing/" + c.file + ".TXT");
+        EXPECT_FALSE(c.generate(a));
+        EXPECT_EQ(last(), c.txtMessage);
+        EXPECT_EQ(read(c.file + ".CSV"), "old csv");
+
+        c.txt = path(c.file + ".TXT");
+        c.csv = path("missing/" + c.file + ".CSV");
+        EXPECT_FALSE(c.generate(a));
+        EXPECT_EQ(last(), c.csvMessage);
+        EXPECT_EQ(read(c.file + ".TXT") != "old text", c.textBeforeCsv);
+        c.csv = path(c.file + ".CSV");
+        EXPECT_FALSE(ui().busy());
+    }
 }
 
 } // namespace
