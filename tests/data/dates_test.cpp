@@ -14,17 +14,6 @@ std::string ymd(Date d)
     return std::to_string(p.year) + "-" + std::to_string(p.month) + "-" + std::to_string(p.day);
 }
 
-TEST(Dates, DayNumbersCountFromTheLastDaysOf1899)
-{
-    // Day 0 is 30 December 1899; 1 January 2000 is day 36526.
-    EXPECT_EQ(DateSerial(1899, 12, 30), 0);
-    EXPECT_EQ(DateSerial(1900, 1, 1), 2);
-    EXPECT_EQ(DateSerial(2000, 1, 1), 36526);
-    EXPECT_EQ(ymd(36526), "2000-1-1");
-    EXPECT_EQ(ymd(-1), "1899-12-29");
-    EXPECT_EQ(TodayDate(DateTime{2026, 11, 22, 8, 0, 0, 0}), DateSerial(2026, 11, 22));
-}
-
 TEST(Dates, EveryDayOfTwoAndAHalfCenturiesFollowsTheDayBefore)
 {
     // Day by day from 1898 to 2158, across both ends of the years read from a table, with the
@@ -40,7 +29,10 @@ TEST(Dates, EveryDayOfTwoAndAHalfCenturiesFollowsTheDayBefore)
                     ymd(expected) != std::to_string(y) + "-" + std::to_string(m) + "-" + std::to_string(d))
                     ++wrong;
     EXPECT_EQ(wrong, 0);
+    // Day 0 is 30 December 1899, so 1 March 1900 is day 61.
+    EXPECT_EQ(DateSerial(1899, 12, 30), 0);
     EXPECT_EQ(DateSerial(1900, 3, 1), 61);
+    EXPECT_EQ(TodayDate(DateTime{2026, 11, 22, 8, 0, 0, 0}), DateSerial(2026, 11, 22));
     EXPECT_EQ(DateSerial(2159, 1, 1), expected);
     EXPECT_EQ(DateSerial(2100, 2, 29), DateSerial(2100, 3, 1));
 }
@@ -67,17 +59,20 @@ TEST(Dates, DayOfYearCountsFromTheFirstOfJanuary)
     EXPECT_EQ(DayOfYear(DateTime{2023, 12, 31}), 365);
 }
 
-TEST(Dates, AllFourSeparatorsReadTheSameDate)
+TEST(Dates, TextsReadAsMonthDayYearOrAsNoDate)
 {
-    // Month, day, year with "/", "-", "." or "\", blanks around the parts allowed.
-    const Date expected = DateSerial(1999, 3, 4);
-    EXPECT_EQ(StringToDate("3/4/99", 2026), expected);
-    EXPECT_EQ(StringToDate("3-4-99", 2026), expected);
-    EXPECT_EQ(StringToDate("3.4.99", 2026), expected);
-    EXPECT_EQ(StringToDate("3\\4\\99", 2026), expected);
-    EXPECT_EQ(StringToDate(" 03 / 04 / 1999 ", 2026), expected);
-    // The day is rounded.
+    // Any of "/", "-", "." or "\" with blanks around the parts, the day rounded; an impossible
+    // date runs over instead of being rejected; when the slash wins the first reading, hyphens
+    // alone make the second. A separator in front, a missing part or none at all is no date.
+    for (const char* text : {"3/4/99", "3-4-99", "3.4.99", "3\\4\\99", " 03 / 04 / 1999 ", "3-4-99/"})
+        EXPECT_EQ(StringToDate(text, 2026), DateSerial(1999, 3, 4)) << '"' << text << '"';
     EXPECT_EQ(StringToDate("3/4.6/99", 2026), DateSerial(1999, 3, 5));
+    EXPECT_EQ(StringToDate("13/1/2000", 2026), DateSerial(2001, 1, 1));
+    EXPECT_EQ(StringToDate("2/30/2023", 2026), DateSerial(2023, 3, 2));
+    for (const char* text : {"/4/99", "3/4", "3/4/", "3/ /99", "", "hello"})
+        EXPECT_EQ(StringToDate(text, 2026), 0) << '"' << text << '"';
+    EXPECT_FALSE(IsDateText("/4/99", 2026));
+    EXPECT_TRUE(IsDateText("12/31/2027", 2026));
 }
 
 TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
@@ -110,32 +105,6 @@ TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
     EXPECT_EQ(StringToDate("12/31/1:99", 2026), DateSerial(2001, 12, 31));
 }
 
-TEST(Dates, TextsThatAreNoDateGiveZero)
-{
-    // A separator in the first place, a missing part, no separator at all.
-    EXPECT_EQ(StringToDate("/4/99", 2026), 0);
-    EXPECT_EQ(StringToDate("3/4", 2026), 0);
-    EXPECT_EQ(StringToDate("3/4/", 2026), 0);
-    EXPECT_EQ(StringToDate("3/ /99", 2026), 0);
-    EXPECT_EQ(StringToDate("", 2026), 0);
-    EXPECT_EQ(StringToDate("hello", 2026), 0);
-    EXPECT_FALSE(IsDateText("/4/99", 2026));
-    EXPECT_TRUE(IsDateText("12/31/2027", 2026));
-}
-
-TEST(Dates, AnImpossibleDateRunsOverInsteadOfBeingRejected)
-{
-    // Month 13 of 2000 is January 2001.
-    EXPECT_EQ(ymd(StringToDate("13/1/2000", 2026)), "2001-1-1");
-    EXPECT_EQ(ymd(StringToDate("2/30/2023", 2026)), "2023-3-2");
-}
-
-TEST(Dates, ASecondReadingTakesOnlyHyphens)
-{
-    // The slash wins the first reading and leaves no second separator; hyphens alone then work.
-    EXPECT_EQ(ymd(StringToDate("3-4-99/", 2026)), "1999-3-4");
-}
-
 TEST(Dates, TheCenturySlidesWithThePresentYear)
 {
     // Thirty years back from the present year and no further, four-digit years included.
@@ -149,14 +118,6 @@ TEST(Dates, TheCenturySlidesWithThePresentYear)
     EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 6, 1), 2030)), "2000-6-1");
     // 2100 is no leap year.
     EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 2, 29), 2031)), "2100-2-28");
-}
-
-TEST(Dates, PaddedDatesAreMonthDayYear)
-{
-    // Two digits for month and day, four for the year.
-    EXPECT_EQ(FormatPaddedDate(DateSerial(2026, 1, 5)), "01/05/2026");
-    EXPECT_EQ(FormatPaddedDate(DateSerial(1997, 10, 14)), "10/14/1997");
-    EXPECT_EQ(StringToDate(FormatPaddedDate(DateSerial(2027, 12, 31)), 2026), DateSerial(2027, 12, 31));
 }
 
 } // namespace

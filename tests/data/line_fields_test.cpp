@@ -129,34 +129,20 @@ TEST(LineFields, EachLineOfAWholeTextSplitsAsThatLineAlone)
     }
 }
 
-TEST(LineFields, DoneWhenNothingIsLeft)
+TEST(LineFields, NothingIsLeftAfterTheLastField)
 {
-    const std::string line = "a, b,";
-    LineFields fields(line);
-    EXPECT_EQ(fields.next().text, "a");
-    EXPECT_FALSE(fields.done());
-    const LineField b = fields.next();
-    EXPECT_EQ(b.text, "b");
-    EXPECT_FALSE(b.last);
-    EXPECT_TRUE(fields.done());
-    // The empty field after the trailing comma ends the line, and so does anything asked after.
-    for (int i = 0; i < 2; ++i) {
-        const LineField after = fields.next();
-        EXPECT_EQ(after.text, "");
-        EXPECT_TRUE(after.last);
+    // Asking on after the empty field behind a trailing comma, or after a rest that a leading
+    // comma made the last field, gives empty last fields.
+    for (const std::string line : {"a, b,", ",a, b"}) {
+        LineFields fields(line);
+        while (!fields.next().last) {
+        }
+        for (int i = 0; i < 2; ++i) {
+            const LineField after = fields.next();
+            EXPECT_EQ(after.text, "") << line;
+            EXPECT_TRUE(after.last) << line;
+        }
     }
-}
-
-TEST(LineFields, NothingFollowsTheLastField)
-{
-    // A comma in front makes the rest the last field, though the block still holds that comma.
-    LineFields fields(",a, b");
-    const LineField rest = fields.next();
-    EXPECT_EQ(rest.text, ",a, b");
-    EXPECT_TRUE(rest.last);
-    const LineField after = fields.next();
-    EXPECT_EQ(after.text, "");
-    EXPECT_TRUE(after.last);
 }
 
 } // namespace

@@ -32,47 +32,24 @@ protected:
         return "Doe, Jane,          77-12:9001, 000.75, 010.50, 000.50, 099.98,  0, -1, V, 01/05/2026, "
                "01/09/2026, 2, 12/31/2027, ";
     }
-};
-
-TEST_F(NameLine, AFullLineFillsEveryColumn)
-{
-    // The writer's own line, blanks and padding included.
-    std::string attendance = AllA;
-    attendance[4] = 'V';
-    ASSERT_EQ(readLine(upToAttendance() + attendance + ", 3, secret, 1"), NameLineResult::Row);
-    ASSERT_EQ(row, 0);
-    EXPECT_EQ(t.LastName[0], "Doe");
-    EXPECT_EQ(t.FirstName[0], "Jane");
-    EXPECT_EQ(t.IDNum[0], "77-12:9001");
-    EXPECT_FLOAT_EQ(t.WristMin[0], 0.75f);
-    EXPECT_FLOAT_EQ(t.WristMax[0], 10.5f);
-    EXPECT_FLOAT_EQ(t.FootMin[0], 0.5f);
-    EXPECT_FLOAT_EQ(t.FootMax[0], 99.98f);
-    EXPECT_EQ(t.WristEnable[0], 0);
-    EXPECT_EQ(t.FootEnable[0], -1);
-    EXPECT_EQ(t.LeaveStatus[0], "V");
-    EXPECT_EQ(t.LeaveStart[0], DateSerial(2026, 1, 5));
-    EXPECT_EQ(t.LeaveStop[0], DateSerial(2026, 1, 9));
-    EXPECT_EQ(t.CertType[0], "2");
-    EXPECT_EQ(t.CertExpiry[0], DateSerial(2027, 12, 31));
-    EXPECT_EQ(t.Attendance[0], attendance);
-    EXPECT_EQ(t.CertWarning[0], 3);
-    EXPECT_EQ(t.EmpPassword[0], "secret");
-    EXPECT_EQ(t.UpdateFlag[0], -1);
-}
-
-TEST_F(NameLine, AFieldEndsAtItsCommaWhateverItsLength)
-{
-    // Fields of 1 to 40 characters, so that the comma falls on every position of a search step.
-    for (size_t n = 1; n <= 40; ++n) {
-        const std::string first(n, 'x');
-        ASSERT_EQ(readLine(first + "," + first + "y, 12,3"), NameLineResult::Row) << n;
-        EXPECT_EQ(t.LastName[static_cast<size_t>(row)], first) << n;
-        EXPECT_EQ(t.FirstName[static_cast<size_t>(row)], first + "y") << n;
-        EXPECT_EQ(t.IDNum[static_cast<size_t>(row)], "12") << n;
-        EXPECT_FLOAT_EQ(t.WristMin[static_cast<size_t>(row)], 3.0f) << n;
+    // Row r holds the defaults of the fields from the attendance on, or from the leave status on.
+    void expectDefaultTail(size_t r)
+    {
+        EXPECT_EQ(t.Attendance[r], AllA);
+        EXPECT_EQ(t.CertWarning[r], 0);
+        EXPECT_EQ(t.EmpPassword[r], "");
+        EXPECT_EQ(t.UpdateFlag[r], 0);
     }
-}
+    void expectDefaultsFromLeave(size_t r)
+    {
+        EXPECT_EQ(t.LeaveStatus[r], "E");
+        EXPECT_EQ(t.LeaveStart[r], context.today);
+        EXPECT_EQ(t.LeaveStop[r], context.today);
+        EXPECT_EQ(t.CertType[r], "1");
+        EXPECT_EQ(t.CertExpiry[r], context.today);
+        expectDefaultTail(r);
+    }
+};
 
 TEST_F(NameLine, ALineWithoutALastNameMakesNoRow)
 {
@@ -99,32 +76,19 @@ TEST_F(NameLine, ANameAloneGetsEveryDefault)
     EXPECT_EQ(t.FootMax[17], -1);
     EXPECT_EQ(t.WristEnable[17], -1);
     EXPECT_EQ(t.FootEnable[17], -1);
-    EXPECT_EQ(t.LeaveStatus[17], "E");
-    EXPECT_EQ(t.LeaveStart[17], context.today);
-    EXPECT_EQ(t.LeaveStop[17], context.today);
-    EXPECT_EQ(t.CertType[17], "1");
-    EXPECT_EQ(t.CertExpiry[17], context.today);
-    EXPECT_EQ(t.Attendance[17], AllA);
-    EXPECT_EQ(t.CertWarning[17], 0);
-    EXPECT_EQ(t.EmpPassword[17], "");
-    EXPECT_EQ(t.UpdateFlag[17], 0);
+    expectDefaultsFromLeave(17);
 }
 
-TEST_F(NameLine, ACommaInFrontOfAFieldMakesItTheLastOne)
+TEST_F(NameLine, ACommaInFrontOfAFieldOrABlankFieldEndsTheLine)
 {
-    // "Doe,,123": the first name is ",123" and the line ends there.
+    // "Doe,,123": the first name is ",123"; a blank first name hides the ID and limit behind it.
     ASSERT_EQ(readLine("Doe,,123"), NameLineResult::Row);
     EXPECT_EQ(t.FirstName[0], ",123");
     EXPECT_EQ(t.IDNum[0], " 0");
-}
-
-TEST_F(NameLine, AnEmptyFieldBetweenCommasEndsTheLine)
-{
-    // The blank first name ends the line; the ID behind it is not read.
     ASSERT_EQ(readLine("Doe,  , 123, 5"), NameLineResult::Row);
-    EXPECT_EQ(t.FirstName[0], "zzz");
-    EXPECT_EQ(t.IDNum[0], " 0");
-    EXPECT_EQ(t.WristMin[0], -1);
+    EXPECT_EQ(t.FirstName[1], "zzz");
+    EXPECT_EQ(t.IDNum[1], " 1");
+    EXPECT_EQ(t.WristMin[1], -1);
 }
 
 TEST_F(NameLine, NumbersBetweenCommasTakeTheirPrefixButTheLastMustBeWhole)
@@ -185,15 +149,7 @@ TEST_F(NameLine, ALineThatFailsPartWayKeepsNothingOfTheRowsEarlierOccupant)
     EXPECT_FLOAT_EQ(t.FootMax[0], 4.0f);
     EXPECT_EQ(t.WristEnable[0], 0);
     EXPECT_EQ(t.FootEnable[0], -1);
-    EXPECT_EQ(t.LeaveStatus[0], "E");
-    EXPECT_EQ(t.LeaveStart[0], context.today);
-    EXPECT_EQ(t.LeaveStop[0], context.today);
-    EXPECT_EQ(t.CertType[0], "1");
-    EXPECT_EQ(t.CertExpiry[0], context.today);
-    EXPECT_EQ(t.Attendance[0], AllA);
-    EXPECT_EQ(t.CertWarning[0], 0);
-    EXPECT_EQ(t.EmpPassword[0], "");
-    EXPECT_EQ(t.UpdateFlag[0], 0);
+    expectDefaultsFromLeave(0);
 }
 
 TEST_F(NameLine, ADateBetweenCommasIsReadAsWrittenButTheLastOneAsTyped)
@@ -218,10 +174,7 @@ TEST_F(NameLine, AnAttendanceOfTheWrongLengthEndsTheLine)
     // 365 characters: the row keeps 372 times "A" and the fields behind it their defaults.
     ASSERT_EQ(readLine(upToAttendance() + std::string(365, 'V') + ", 3, secret, 1"), NameLineResult::Row);
     EXPECT_EQ(t.CertType[0], "2");
-    EXPECT_EQ(t.Attendance[0], AllA);
-    EXPECT_EQ(t.CertWarning[0], 0);
-    EXPECT_EQ(t.EmpPassword[0], "");
-    EXPECT_EQ(t.UpdateFlag[0], 0);
+    expectDefaultTail(0);
 }
 
 TEST_F(NameLine, WarningAndPasswordLookAtWhatFollowsTheirComma)

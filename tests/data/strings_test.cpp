@@ -7,23 +7,6 @@
 namespace zandolt {
 namespace {
 
-TEST(Strings, EachLanguageHasItsOwnTextsAndOddities)
-{
-    // The Spanish block keeps its own oddities: English rows and a reused word.
-    EXPECT_EQ(LoadResString(Language::SpanishMexico, 159), "Bienvenidos");
-    EXPECT_EQ(LoadResString(Language::SpanishMexico, 170), "Resultados");
-    EXPECT_EQ(LoadResString(Language::SpanishMexico, 123), "Munequere");
-    EXPECT_EQ(LoadResString(Language::SpanishMexico, 126), "Munequere");
-    EXPECT_EQ(LoadResString(Language::SpanishMexico, 168), "Select rocker switch position");
-    EXPECT_EQ(LoadResString(Language::SpanishMexico, 158),
-              "Sorry your ID was not found.  Please contact your supervisor.");
-    EXPECT_EQ(LoadResString(Language::EnglishUS, 170), "Multiple problems");
-    EXPECT_EQ(LoadResString(Language::EnglishUS, 146), "Modify $Password");
-    // A trailing blank is part of the text.
-    EXPECT_EQ(LoadResString(Language::EnglishUS, 160), "Welcome to ");
-    EXPECT_EQ(LoadResString(Language::SpanishMexico, 160), "Bienvenidos a");
-}
-
 TEST(Strings, TheCanadianBlockIsTheUnitedStatesOneAndEveryBlockHasTheSameIds)
 {
     // 66 ids between 101 and 180, the same in every block, Canada word for word the US texts.
@@ -38,11 +21,9 @@ TEST(Strings, TheCanadianBlockIsTheUnitedStatesOneAndEveryBlockHasTheSameIds)
     EXPECT_EQ(english, 66);
     EXPECT_EQ(spanish, 66);
     EXPECT_EQ(LoadResString(Language::EnglishUS, 116), "");
-}
-
-TEST(Strings, ALanguageWithoutABlockGetsUnitedStatesEnglish)
-{
-    // German (0x407) has no block of its own.
+    // A trailing blank is part of the text; German (0x407) has no block of its own.
+    EXPECT_EQ(LoadResString(Language::EnglishUS, 160), "Welcome to ");
+    EXPECT_EQ(LoadResString(Language::SpanishMexico, 160), "Bienvenidos a");
     EXPECT_EQ(LoadResString(static_cast<Language>(0x407), 159), "Welcome");
 }
 

@@ -14,17 +14,6 @@ protected:
     Date read(std::string_view text) { return ReadTypedDate(locale, text, 2026); }
 };
 
-TEST(TypedYearTest, TwoDigitsFallWithinEightyYearsBackAndNineteenOn)
-{
-    EXPECT_EQ(TypedYear(26, 2026), 2026);
-    EXPECT_EQ(TypedYear(45, 2026), 2045);
-    EXPECT_EQ(TypedYear(46, 2026), 1946);
-    EXPECT_EQ(TypedYear(99, 2026), 1999);
-    EXPECT_EQ(TypedYear(0, 2026), 2000);
-    EXPECT_EQ(TypedYear(20, 2000), 1920);
-    EXPECT_EQ(TypedYear(19, 2000), 2019);
-}
-
 TEST_F(TypedDate, TheFormsPeopleTypeReadAsMonthDayYear)
 {
     const Date march4 = DateSerial(2026, 3, 4);
@@ -44,6 +33,11 @@ TEST_F(TypedDate, TheFormsPeopleTypeReadAsMonthDayYear)
     EXPECT_EQ(read("2/29/2024"), DateSerial(2024, 2, 29));
     EXPECT_EQ(read("12/31/45"), DateSerial(2045, 12, 31));
     EXPECT_EQ(read("1/1/46"), DateSerial(1946, 1, 1));
+    // Two-digit years fall within eighty years back and nineteen on from the present year.
+    EXPECT_EQ(read("1/1/99"), DateSerial(1999, 1, 1));
+    EXPECT_EQ(read("1/1/00"), DateSerial(2000, 1, 1));
+    EXPECT_EQ(ReadTypedDate(locale, "1/1/20", 2000), DateSerial(1920, 1, 1));
+    EXPECT_EQ(ReadTypedDate(locale, "1/1/19", 2000), DateSerial(2019, 1, 1));
 }
 
 TEST_F(TypedDate, WhatNamesNoDayOfTheCalendarIsNoDate)

@@ -24,17 +24,14 @@ protected:
     std::string at(const std::string& name) { return dir.path() + "/" + name; }
 };
 
-TEST_F(PosixFilesTest, AnExistingFileIsFoundWhateverTheCaseOfItsName)
+TEST_F(PosixFilesTest, AnExistingFileIsFoundWhateverTheCaseOfItsNameAndDirectory)
 {
     testing::WriteTextFile(at("Log.txt"), "x");
     EXPECT_EQ(files.resolve(at("LOG.TXT")), at("Log.txt"));
     EXPECT_TRUE(files.exists("log.TXT")); // relative to the program directory
     // A new file keeps the spelling asked for.
     EXPECT_EQ(files.resolve(at("NAMES.TXT")), at("NAMES.TXT"));
-}
-
-TEST_F(PosixFilesTest, BackslashesAndTheDirectoryPartAreResolvedToo)
-{
+    // Backslashes and the directory part are resolved too.
     files.makeDirectory(at("Shared"));
     testing::WriteTextFile(at("Shared/NAMES.TXT"), "n");
     std::string out;
@@ -42,15 +39,11 @@ TEST_F(PosixFilesTest, BackslashesAndTheDirectoryPartAreResolvedToo)
     EXPECT_EQ(out, "n");
 }
 
-TEST_F(PosixFilesTest, AppendCreatesTheFileAndAddsToIt)
+TEST_F(PosixFilesTest, AppendCreatesTheFileAndAddsToItButAMissingFileOrDirectoryIsNotFound)
 {
     EXPECT_EQ(files.append("LOG.TXT", "a\r\n"), FileResult::Ok);
     EXPECT_EQ(files.append("log.txt", "b\r\n"), FileResult::Ok);
     EXPECT_EQ(testing::ReadTextFile(at("LOG.TXT")), "a\r\nb\r\n");
-}
-
-TEST_F(PosixFilesTest, AMissingFileIsNotFound)
-{
     std::string out;
     EXPECT_EQ(files.readAll("none.txt", out), FileResult::NotFound);
     EXPECT_EQ(files.append(at("no/such/dir/LOG.TXT"), "x"), FileResult::NotFound);
@@ -130,7 +123,7 @@ TEST_F(PosixFilesTest, ALinkedFileIsReplacedBehindItsLinkWithItsPermissions)
     EXPECT_EQ(files.list(at("share")).size(), 1u);
 }
 
-TEST(FaultyDiskFiles, AFileThatCannotGetANeighbourIsRewrittenInPlace)
+TEST(FaultyDiskFiles, ANeighbourlessFileIsRewrittenInPlaceAndAFailedAppendIsCutBack)
 {
     TempDir dir;
     headless::FaultyDisk disk{dir.path()};
@@ -140,12 +133,8 @@ TEST(FaultyDiskFiles, AFileThatCannotGetANeighbourIsRewrittenInPlace)
     EXPECT_EQ(testing::ReadTextFile(dir.path() + "/ZANDOLT.INI"), "new");
     // A file that isn't there yet can't be made there either.
     EXPECT_EQ(disk.replace("OTHER.TXT", "x"), FileResult::Failed);
-}
+    disk.refuseNewFiles(false);
 
-TEST(FaultyDiskFiles, AnAppendThatFailsPartWayIsCutBack)
-{
-    TempDir dir;
-    headless::FaultyDisk disk{dir.path()};
     ASSERT_EQ(disk.append("LOG.TXT", "one\r\n"), FileResult::Ok);
     disk.failWriteAfter(2);
     EXPECT_EQ(disk.append("LOG.TXT", "two\r\n"), FileResult::Failed);

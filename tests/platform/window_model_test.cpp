@@ -79,7 +79,7 @@ TEST_F(WindowModelTest, DesignValuesFireNoEventsButChangesByCodeDo)
     EXPECT_EQ(form.events, (std::vector<std::string>{"Text1_Change typed", "List1_Click 2"}));
 }
 
-TEST_F(WindowModelTest, OptionButtonsAreExclusiveWithinTheirContainerOnly)
+TEST_F(WindowModelTest, OptionButtonsAreExclusiveWithinTheirContainerOnlyAndChecksToggle)
 {
     // B in the frame clears A; C on the form leaves the frame's choice alone.
     form.Load();
@@ -89,18 +89,13 @@ TEST_F(WindowModelTest, OptionButtonsAreExclusiveWithinTheirContainerOnly)
     form.OptionC.userClick();
     EXPECT_EQ(form.OptionB.value(), -1);
     EXPECT_EQ(form.OptionC.value(), -1);
-    EXPECT_EQ(form.events, (std::vector<std::string>{"OptionB_Click", "OptionC_Click"}));
-}
-
-TEST_F(WindowModelTest, CheckBoxToggles)
-{
-    form.Load();
     form.Check1.userClick();
     form.Check1.userClick();
-    EXPECT_EQ(form.events, (std::vector<std::string>{"Check1_Click 1", "Check1_Click 0"}));
+    EXPECT_EQ(form.events,
+              (std::vector<std::string>{"OptionB_Click", "OptionC_Click", "Check1_Click 1", "Check1_Click 0"}));
 }
 
-TEST_F(WindowModelTest, EnterAndEscapeReachTheDefaultAndCancelButtons)
+TEST_F(WindowModelTest, EnterAndEscapeReachTheDefaultAndCancelButtonsUnlessAHandlerSwallowsThem)
 {
     // A key that a handler does not swallow goes on to the form's default or cancel button.
     form.Load();
@@ -108,11 +103,7 @@ TEST_F(WindowModelTest, EnterAndEscapeReachTheDefaultAndCancelButtons)
     EXPECT_EQ(form.Text1.userKey(keys::Escape, keys::Escape), 0);
     EXPECT_EQ(form.Text1.userKey('A', 'a'), 'a');
     EXPECT_EQ(form.events, (std::vector<std::string>{"OKBut_Click", "CancelBut_Click"}));
-}
-
-TEST_F(WindowModelTest, AHandlerThatZeroesTheKeySwallowsIt)
-{
-    form.Load();
+    form.events.clear();
     form.Text1.KeyPress = [](int& k) { k = 0; };
     EXPECT_EQ(form.Text1.userKey(keys::Return, keys::Return), 0);
     EXPECT_TRUE(form.events.empty());
@@ -130,13 +121,17 @@ TEST_F(WindowModelTest, DisabledControlsAndWindowsIgnoreTheUser)
     EXPECT_TRUE(form.events.empty());
 }
 
-TEST_F(WindowModelTest, UnloadGivesBackTheDesignValues)
+TEST_F(WindowModelTest, UnloadGivesBackTheDesignValuesOfTheControlsAndTheForm)
 {
     // Each opening of a window starts fresh.
     form.Show();
     form.Text1.setText("changed");
     form.List1.addItem("four");
     form.OptionB.setValue(-1);
+    form.setBackColor(colors::SysMenuBar);
+    form.setSize(9000, 7000);
+    form.setFixedDialog(true);
+    form.setKeyPreview(true);
     form.Unload();
     EXPECT_FALSE(form.loaded());
     form.Load();
@@ -144,17 +139,6 @@ TEST_F(WindowModelTest, UnloadGivesBackTheDesignValues)
     EXPECT_EQ(form.List1.listCount(), 3);
     EXPECT_EQ(form.OptionA.value(), -1);
     EXPECT_EQ(form.OptionB.value(), 0);
-}
-
-TEST_F(WindowModelTest, AReloadGivesBackTheFormsOwnValuesToo)
-{
-    form.Show();
-    form.setBackColor(colors::SysMenuBar);
-    form.setSize(9000, 7000);
-    form.setFixedDialog(true);
-    form.setKeyPreview(true);
-    form.Unload();
-    form.Load();
     EXPECT_EQ(form.backColor(), colors::SysButtonFace);
     EXPECT_EQ(form.width(), 4800);
     EXPECT_EQ(form.scaleHeight(), 3600);
@@ -192,7 +176,7 @@ TEST_F(WindowModelTest, AQueryUnloadThatCancelsKeepsTheWindow)
     EXPECT_FALSE(form.loaded());
 }
 
-TEST_F(WindowModelTest, ATimerTicksOnlyWhileItsWindowIsLoaded)
+TEST_F(WindowModelTest, ATimerTicksOnlyWhileItsWindowIsLoadedAndANewIntervalRestartsTheCount)
 {
     // Interval 100 enabled after the load: ticks at 100 and 200; none after the unload.
     form.Load();
@@ -200,11 +184,10 @@ TEST_F(WindowModelTest, ATimerTicksOnlyWhileItsWindowIsLoaded)
     ui.advance(250);
     form.Unload();
     ui.advance(1000);
-    EXPECT_EQ(std::count(form.events.begin(), form.events.end(), "Timer1_Timer"), 2);
-}
+    EXPECT_EQ(form.events, (std::vector<std::string>{"Timer1_Timer", "Timer1_Timer"}));
 
-TEST_F(WindowModelTest, SettingTheIntervalRestartsTheCount)
-{
+    // Reset at 90 ms, the next tick comes 100 ms later.
+    form.events.clear();
     form.Load();
     form.Timer1.setEnabled(true);
     ui.advance(90);
@@ -234,27 +217,15 @@ TEST_F(WindowModelTest, ATimerIsNotReenteredWhileItsHandlerWaits)
     EXPECT_GE(ticks, 2);
 }
 
-TEST_F(WindowModelTest, AModalWindowWithoutAnAnswerFailsWithItsPrompt)
+TEST_F(WindowModelTest, ModalWindowsAndQuestionsWithoutAScriptFail)
 {
-    // Nothing could close it: no script, no timer.
+    // Nothing could close the window: no script, no timer. A box that only tells needs no answer.
     try {
         form.ShowModal();
         FAIL() << "ShowModal returned";
     } catch (const headless::UnscriptedQuestion& e) {
         EXPECT_NE(std::string(e.what()).find("SampleForm"), std::string::npos);
     }
-}
-
-TEST_F(WindowModelTest, AScriptedModalWindowReturnsWhenItCloses)
-{
-    ui.onModal("SampleForm", [](Form& f) { static_cast<SampleForm&>(f).OKBut.userClick(), f.Unload(); });
-    form.ShowModal();
-    EXPECT_FALSE(form.loaded());
-    EXPECT_EQ(ui.journal(), (std::vector<std::string>{"modal SampleForm"}));
-}
-
-TEST_F(WindowModelTest, MessageBoxesThatAskNeedAScript)
-{
     EXPECT_EQ(ui.msgBox("Just so you know", msgbox::OKOnly, ""), msgbox::OK);
     EXPECT_THROW(ui.msgBox("Really?", msgbox::YesNo, ""), headless::UnscriptedQuestion);
     ui.answerMsgBox("Really", msgbox::No);

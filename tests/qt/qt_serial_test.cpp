@@ -58,9 +58,10 @@ protected:
     QtSerial serial{files};
 };
 
-TEST_F(QtSerialPty, APortNumberFromTheMapCarriesDataBothWays)
+TEST_F(QtSerialPty, APortNumberFromTheMapOpensItsDeviceAndAnnouncesArrivals)
 {
-    // Port 3 is the station's end by the case-insensitive PORTS.TXT; arrivals are announced.
+    // Port 3 is the station's end by the case-insensitive PORTS.TXT, named relative to the program
+    // directory; arrivals are announced and their NUL bytes dropped.
     auto port = serial.createPort();
     int notices = 0;
     port->onReceive = [&] { ++notices; };
@@ -73,11 +74,6 @@ TEST_F(QtSerialPty, APortNumberFromTheMapCarriesDataBothWays)
     std::string got;
     ASSERT_TRUE(QTest::qWaitFor([&] { return readMore(*port, got) >= 2; }, 3000));
     EXPECT_EQ(got, "AB");
-
-    ASSERT_TRUE(port->write("XYZ"));
-    QByteArray back;
-    ASSERT_TRUE(QTest::qWaitFor([&] { return (back += far.readAll()).size() >= 3; }, 3000));
-    EXPECT_EQ(back, "XYZ");
 
     // A pseudo-terminal has no DTR line: the answer is no, quietly.
     EXPECT_FALSE(port->setDtr(true));

@@ -276,7 +276,7 @@ TEST_F(QtWidgets, AUsersCheckAndEditsAndScrollsReachTheModel)
     EXPECT_TRUE(edit->isReadOnly());
 }
 
-TEST_F(QtWidgets, KeysReachTheControlInClassicCodesBeforeTheWidget)
+TEST_F(QtWidgets, KeysReachTheControlInClassicCodesAndItsHandlerDecidesWhatTheWidgetTypes)
 {
     // Enter gives KeyDown 13 and KeyPress 13, and then presses the default button.
     form.Text1.SetFocus();
@@ -291,15 +291,10 @@ TEST_F(QtWidgets, KeysReachTheControlInClassicCodesBeforeTheWidget)
     PressKey(edit, Qt::Key_F1, "");
     EXPECT_EQ(form.events, (std::vector<std::string>{"Text1_KeyDown 65 1", "Text1_KeyPress 65", "Text1_Change typedA",
                                                      "Text1_KeyDown 112 0"}));
-}
 
-TEST_F(QtWidgets, AHandlerDecidesWhatTheWidgetTypes)
-{
     // A handler that zeroes the character swallows it; one that changes it has its character typed.
     form.swallowKey = 'x';
     form.upperKey = 'b';
-    auto* edit = w<QLineEdit>(form.Text1);
-    edit->setFocus();
     edit->clear();
     QTest::keyClicks(edit, "axbc");
     EXPECT_EQ(edit->text(), "aBc");
@@ -313,9 +308,8 @@ TEST_F(QtWidgets, TextBytesShowAsUtf8OrAsWindows1252)
     EXPECT_EQ(w<QLabel>(form.Label1)->text(), QString::fromUtf8("Jos\xC3\xA9"));
     form.Label1.setCaption("Jos\xC3\xA9");
     EXPECT_EQ(w<QLabel>(form.Label1)->text(), QString::fromUtf8("Jos\xC3\xA9"));
-    form.List1.setItems({"\x80 5", "M\xFCller"});
+    form.List1.setItems({"\x80 5"});
     EXPECT_EQ(w<QListWidget>(form.List1)->item(0)->text(), QString::fromUtf8("\xE2\x82\xAC 5"));
-    EXPECT_EQ(w<QListWidget>(form.List1)->item(1)->text(), QString::fromUtf8("M\xC3\xBCller"));
 
     // What the user types goes back as UTF-8.
     auto* edit = w<QLineEdit>(form.Text1);
@@ -352,7 +346,7 @@ TEST_F(QtWidgets, MenusFollowTheModelAndTheirTriggersReachTheHandlers)
     EXPECT_FALSE(bar->actions()[1]->isVisible());
 }
 
-TEST_F(QtWidgets, TheCloseBoxAsksTheModelWhichUnloadsOrKeepsTheForm)
+TEST_F(QtWidgets, TheCloseBoxAsksTheModelAndAnOwnButtonUnloadsTheFormAfterItsClick)
 {
     // A form that refuses stays up; one that agrees is unloaded by the model.
     form.cancelClose = 1;
@@ -366,11 +360,9 @@ TEST_F(QtWidgets, TheCloseBoxAsksTheModelWhichUnloadsOrKeepsTheForm)
     EXPECT_FALSE(form.loaded());
     EXPECT_FALSE(gone->isVisible());
     ASSERT_TRUE(QTest::qWaitFor([&] { return gone.isNull(); }));
-}
 
-TEST_F(QtWidgets, AFormUnloadedByItsOwnButtonLetsGoOfItsWidgetsAfterTheClick)
-{
-    // The button's widget is still in its click when the form unloads; it goes once the click ends.
+    // Loaded again, a form unloaded by its own button lets go of the button's widget once the click ends.
+    form.Show();
     form.CloseBut.setVisible(true);
     QPointer<QPushButton> button = w<QPushButton>(form.CloseBut);
     QTest::mouseClick(button, Qt::LeftButton);
@@ -420,12 +412,6 @@ TEST_F(QtWidgets, AFocusGivenByTheModelLandsOnTheWidget)
     QTest::mouseClick(w<QLineEdit>(form.Text1), Qt::LeftButton);
     EXPECT_EQ(form.focused(), &form.Text1);
 }
-
-} // namespace
-} // namespace zandolt::qt::testing
-
-namespace zandolt::qt::testing {
-namespace {
 
 TEST_F(QtWidgets, AMemoWithAHorizontalBarKeepsItsLinesAndTellsTheModelItsSelection)
 {
