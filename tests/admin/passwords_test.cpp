@@ -29,11 +29,15 @@ protected:
     }
 };
 
-TEST_F(AdminGate, WithNoMainPasswordTheGateIsOpenWithoutAPrompt)
+TEST_F(AdminGate, WithNoMainPasswordTheGateIsOpenWithoutAPromptAndUsingItSaysSo)
 {
     start("");
     EXPECT_EQ(CheckPassWord(*app_), True);
     EXPECT_EQ(prompts(), 0u);
+    main().mnuUsePassWord.userClick();
+    ASSERT_EQ(ui().messages().size(), 1u);
+    EXPECT_EQ(ui().messages()[0].prompt,
+              " There is no password entered.  Please use the Change Password item to create a password.");
 }
 
 TEST_F(AdminGate, TheRightPasswordOpensTheGateUntilTheMinutesHavePassed)
@@ -111,9 +115,13 @@ TEST_F(AdminGate, CancelAndAnEmptyAnswer)
     EXPECT_EQ(CheckPassWord(*app_), False);
 }
 
-TEST_F(AdminGate, ExitAndMinimiseStandBehindTheGate)
+TEST_F(AdminGate, ExitMinimiseAndTheCloseBoxOfTheMainWindowStandBehindTheGate)
 {
     start("secret");
+    cancelPassword();
+    main().userClose();
+    EXPECT_TRUE(main().loaded());
+    EXPECT_FALSE(backend_->ui.quitRequested());
     cancelPassword();
     main().mnuExit.userClick();
     EXPECT_FALSE(backend_->ui.quitRequested());
@@ -122,24 +130,6 @@ TEST_F(AdminGate, ExitAndMinimiseStandBehindTheGate)
     EXPECT_EQ(main().windowState(), 1);
     main().mnuExit.userClick();
     EXPECT_TRUE(backend_->ui.quitRequested());
-}
-
-TEST_F(AdminGate, TheCloseBoxOfTheMainWindowIsNoWayOut)
-{
-    start("secret");
-    cancelPassword();
-    main().userClose();
-    EXPECT_TRUE(main().loaded());
-    EXPECT_FALSE(backend_->ui.quitRequested());
-}
-
-TEST_F(AdminGate, UsingTheGateWithoutAPasswordSaysSo)
-{
-    start("");
-    main().mnuUsePassWord.userClick();
-    ASSERT_EQ(ui().messages().size(), 1u);
-    EXPECT_EQ(ui().messages()[0].prompt,
-              " There is no password entered.  Please use the Change Password item to create a password.");
 }
 
 TEST_F(AdminGate, ChangingTheMainPasswordAsksTheOldOneAndConfirmsTheNew)
