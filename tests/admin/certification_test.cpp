@@ -71,7 +71,7 @@ TEST_F(Certification, AWarningEverySevenDaysOfTheLastThirtyAndOnTheLastDay)
     EXPECT_EQ(app_->UpdateFlag[0], -1);
 }
 
-TEST_F(Certification, WithoutAnIntervalEveryLoginWarnsAndNothingIsSaved)
+TEST_F(Certification, WithoutAnIntervalEveryLoginWarnsUnsavedAndWithoutAPeriodACountdownIsCleared)
 {
     start(30, 0);
     const std::string file = read("NAMES.TXT");
@@ -80,14 +80,13 @@ TEST_F(Certification, WithoutAnIntervalEveryLoginWarnsAndNothingIsSaved)
     EXPECT_EQ(errorTitles().size(), 2u);
     EXPECT_EQ(app_->CertWarning[0], 30);
     EXPECT_EQ(read("NAMES.TXT"), file);
-}
 
-TEST_F(Certification, NoWarningPeriodClearsARunningCountdown)
-{
-    start(-1, 7);
+    // No warning period: no window, and a running countdown goes to 0 through the file.
+    app_->CertWarnAdvanceDays = -1;
+    app_->CertWarnIntervalDays = 7;
     app_->CertWarning[0] = 5;
     EXPECT_EQ(check(3), 1);
-    EXPECT_TRUE(errorTitles().empty());
+    EXPECT_EQ(errorTitles().size(), 2u);
     EXPECT_EQ(app_->CertWarning[0], 0);
     EXPECT_EQ(app_->UpdateFlag[0], -1); // read back from the file
 }

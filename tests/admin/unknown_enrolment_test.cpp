@@ -63,11 +63,8 @@ protected:
     // The employee lines of NAMES.TXT, without the two header lines.
     std::vector<std::string> namesLines()
     {
-        std::vector<std::string> lines;
-        const std::string text = read("NAMES.TXT");
-        for (size_t start = 0, end; (end = text.find("\r\n", start)) != std::string::npos; start = end + 2)
-            lines.push_back(text.substr(start, end - start));
-        return std::vector<std::string>(lines.begin() + 2, lines.end());
+        const std::vector<std::string> lines = fileLines("NAMES.TXT");
+        return {lines.begin() + 2, lines.end()};
     }
     // The message boxes' prompts; input boxes are left out.
     std::vector<std::string> prompts()

@@ -51,7 +51,7 @@ TEST_F(TagPrinting, NoTagTypeTouchesNeitherPrinterNorTemplate)
     EXPECT_TRUE(errors.empty());
 }
 
-TEST_F(TagPrinting, TheTemplateDropsCommentsAndFillsOneMarkerPerLine)
+TEST_F(TagPrinting, TheTemplateDropsCommentsAndFillsOneMarkerPerLineAndAnEmptyOneEndsAnEmptyDocument)
 {
     // Comments go whole; blanks before a marker vanish, those after stay; date wins over name;
     // markers are case-sensitive.
@@ -69,17 +69,13 @@ TEST_F(TagPrinting, TheTemplateDropsCommentsAndFillsOneMarkerPerLine)
               (std::vector<std::string>{"^XA", "Tested:08:00:00 11/22/2026  ok", "^FO10Jane Doe",
                                         "08:00:00 11/22/2026 by ---name---", "---Date---", "^XZ"}));
     EXPECT_TRUE(documents()[0].ended);
-}
 
-TEST_F(TagPrinting, AnEmptyTemplateEndsAnEmptyDocument)
-{
-    // Nothing to print, but the document is ended all the same.
-    app_->TagType = 1;
+    // An empty template has nothing to print, but its document is ended all the same.
     write("ZEBRA.TXT", "");
     PrintTag(*app_);
-    ASSERT_EQ(documents().size(), 1u);
-    EXPECT_TRUE(documents()[0].lines.empty());
-    EXPECT_TRUE(documents()[0].ended);
+    ASSERT_EQ(documents().size(), 2u);
+    EXPECT_TRUE(documents()[1].lines.empty());
+    EXPECT_TRUE(documents()[1].ended);
 }
 
 TEST_F(TagPrinting, AMissingTemplateOrAPrinterThatFailsIsSaidAndPrintingStops)

@@ -2,14 +2,27 @@
 // pair, and runs of the emulator on the far end while the station's event loop goes on.
 #pragma once
 
+#include "admin/title_form.h"
+#include "app.h"
+#include "platform/qt/qt_backend.h"
+#include "station/err_msg_frm.h"
+#include "station/name_form.h"
+
+#include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QMessageBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -86,5 +99,50 @@ inline EmulatorRun runEmulator(const QString& device, const QStringList& options
         std::printf("  emulator: %s\n", l.c_str());
     return run;
 }
+
+// The station of a test in its own program directory: started in it with the main window loaded,
+// and whatever waits for someone answered (the title screen, the error window, a message box by its
+// default button, Yes to an enrolment), the texts of the last two kept in `messages`.
+class StationInTempDir : public ::testing::Test
+{
+protected:
+    void startStation()
+    {
+        previousDirectory = QDir::currentPath();
+        ASSERT_TRUE(QDir::setCurrent(dir.path()));
+        backend = std::make_unique<QtBackend>();
+        app = std::make_unique<App>(backend->services());
+        QObject::connect(&closer, &QTimer::timeout, [this] {
+            if (app->isLoaded(&app->titleForm()))
+                app->titleForm().Unload();
+            if (app->isLoaded(&app->errMsgFrm())) {
+                messages.push_back(app->errMsgFrm().LabelText.caption());
+                app->errMsgFrm().Unload();
+            }
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                messages.push_back(box->text().toStdString());
+                box->defaultButton() ? box->defaultButton()->click() : box->reject();
+            }
+        });
+        closer.start(20);
+        app->nameForm().Load();
+    }
+
+    void stopStation()
+    {
+        closer.stop();
+        app.reset();
+        backend.reset();
+        if (!previousDirectory.isEmpty())
+            QDir::setCurrent(previousDirectory);
+    }
+
+    QTemporaryDir dir;
+    QString previousDirectory;
+    std::unique_ptr<QtBackend> backend;
+    std::unique_ptr<App> app;
+    QTimer closer;
+    std::vector<std::string> messages;
+};
 
 } // namespace zandolt::qt

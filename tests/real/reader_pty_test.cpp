@@ -2,27 +2,14 @@
 // a socat pseudo-terminal pair (port 2), the emulator playing the reader on the other, and a second
 // pair for the tester (port 1). A known card starts its employee's test; an unknown badge enrols a
 // new row, which then stands in NAMES.TXT and in the log line of its test.
-#include "admin/title_form.h"
-#include "app.h"
 #include "data/settings_file.h"
 #include "platform/headless/headless_backend.h"
-#include "platform/qt/qt_backend.h"
 #include "pty_support.h"
-#include "station/err_msg_frm.h"
-#include "station/name_form.h"
 #include "station/rs232_form.h"
-
-#include <QApplication>
-#include <QDir>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -35,7 +22,7 @@ struct Reader
     int barCodeFlag;
 };
 
-class ReaderOverPty : public ::testing::TestWithParam<Reader>
+class ReaderOverPty : public StationInTempDir, public ::testing::WithParamInterface<Reader>
 {
 protected:
     void SetUp() override
@@ -69,34 +56,13 @@ protected:
                   "12/31/2030, " +
                       std::string(372, 'A') + ", 0, , 0\r\n");
 
-        previousDirectory = QDir::currentPath();
-        ASSERT_TRUE(QDir::setCurrent(dir.path()));
-        backend = std::make_unique<QtBackend>();
-        app = std::make_unique<App>(backend->services());
-        // Whatever waits for someone is answered by its default button (Yes to the enrolment).
-        QObject::connect(&closer, &QTimer::timeout, [this] {
-            if (app->isLoaded(&app->titleForm()))
-                app->titleForm().Unload();
-            if (app->isLoaded(&app->errMsgFrm())) {
-                messages.push_back(app->errMsgFrm().LabelText.caption());
-                app->errMsgFrm().Unload();
-            }
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                messages.push_back(box->text().toStdString());
-                box->defaultButton() ? box->defaultButton()->click() : box->reject();
-            }
-        });
-        closer.start(20);
-        app->nameForm().Load();
+        startStation();
         ASSERT_TRUE(app->nameForm().ProxComm().isOpen()) << "the reader port did not open";
     }
 
     void TearDown() override
     {
-        closer.stop();
-        app.reset();
-        backend.reset();
-        QDir::setCurrent(previousDirectory);
+        stopStation();
         stopProcess(testerPair);
         stopProcess(readerPair);
     }
@@ -116,13 +82,7 @@ protected:
         return QTest::qWaitFor([&] { return app->isLoaded(&app->rs232Form()); }, 5000);
     }
 
-    QTemporaryDir dir;
     QProcess testerPair, readerPair;
-    QString previousDirectory;
-    std::unique_ptr<QtBackend> backend;
-    std::unique_ptr<App> app;
-    QTimer closer;
-    std::vector<std::string> messages;
 };
 
 TEST_P(ReaderOverPty, AKnownCardStartsItsEmployeesTest)

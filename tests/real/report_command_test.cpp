@@ -50,26 +50,14 @@ std::string errorOf(std::vector<std::string> args)
 
 TEST(ReportArguments, EveryOptionIsReadInBothForms)
 {
-    const ParsedArguments p = parse({"--dir",
-                                     "/srv/site",
-                                     "monthly",
-                                     "--now=2026-11-20T23:59:58",
-                                     "--month",
-                                     "13",
-                                     "--date",
-                                     "2/29/2028",
-                                     "--start=01/01/2026",
-                                     "--stop",
-                                     "12/31/2026",
-                                     "--group",
-                                     "ASM",
-                                     "--employee",
-                                     "Doe, Jane",
-                                     "--year",
-                                     "2025",
-                                     "--from",
-                                     "7:05:09",
-                                     "--to=23:59:59"});
+    // The words of the command line, split at "|" (the employee's name holds a blank).
+    std::vector<std::string> args;
+    std::istringstream line("--dir|/srv/site|monthly|--now=2026-11-20T23:59:58|--month|13|--date|2/29/2028|"
+                            "--start=01/01/2026|--stop|12/31/2026|--group|ASM|--employee|Doe, Jane|--year|2025|"
+                            "--from|7:05:09|--to=23:59:59");
+    for (std::string word; std::getline(line, word, '|');)
+        args.push_back(word);
+    const ParsedArguments p = parse(args);
     ASSERT_EQ(p.error, "");
     const ReportRequest& r = p.request;
     EXPECT_STREQ(r.kind->name, "monthly");
@@ -187,15 +175,6 @@ TEST_F(ReportRun, AGeneratorsErrorPathExitsOneWithoutPaths)
     EXPECT_EQ(runs, 1);
     EXPECT_EQ(out.str(), "");
     EXPECT_EQ(ui().messages().back().prompt, " Error opening report file to write");
-}
-
-TEST(ReportYear, TheAttendanceYearIsTheGivenOneOrThePresentOne)
-{
-    ReportRequest r;
-    const DateTime now{2026, 11, 20, 8, 0, 0, 0};
-    EXPECT_EQ(YearAnswer(r, now), "2026");
-    r.year = 1999;
-    EXPECT_EQ(YearAnswer(r, now), "1999");
 }
 
 TEST(ConsoleUi, MessagesGoToTheStreamAndTakeTheDefaultButton)

@@ -171,24 +171,16 @@ TEST_F(TestVisit, AStationThatStaysArmedTestsAgainAfterAPass)
     EXPECT_EQ(backend_->printer.documents().size(), 2u);
 }
 
-TEST_F(TestVisit, TesterTextAfterAPassStartsNoSecondVerdict)
+TEST_F(TestVisit, APortThatCannotDriveDtrStillCarriesTheByteAndTextAfterThePassStartsNoSecondVerdict)
 {
     openTestWindow();
+    testerLine().dtrUnsupported = true;
     tester(PassMessage());
     tester(PassMessage());
     // The text still lands on the window, behind what came before.
     EXPECT_EQ(window().RSinLabel.caption(), PassMessage() + PassMessage());
     EXPECT_EQ(logLines().size(), 1u);
     EXPECT_EQ(testerLine().writtenBytes(), "\xFF");
-}
-
-TEST_F(TestVisit, APortThatCannotDriveDtrStillCarriesTheByte)
-{
-    openTestWindow();
-    testerLine().dtrUnsupported = true;
-    tester(PassMessage());
-    EXPECT_EQ(testerLine().writtenBytes(), "\xFF");
-    EXPECT_EQ(logLines().size(), 1u);
 }
 
 TEST_F(TestVisit, AnEmptyNetBatSetsTheClockByTheStationsOwnCommand)

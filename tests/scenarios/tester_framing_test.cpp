@@ -19,12 +19,13 @@ protected:
     RS232Form& window() { return app_->rs232Form(); }
 };
 
-TEST_F(TesterFraming, NoiseInItsOwnReadIsThrownAwayAndTheMessageAfterItCounts)
+TEST_F(TesterFraming, NoiseInItsOwnReadIsThrownAwayAndSeventyOneCharactersAfterItAreJudgedAtOnce)
 {
     tester("\x05x");
     EXPECT_EQ(app_->TesterText, "");
     tester(PassMessage());
     EXPECT_EQ(logLines().size(), 1u);
+    EXPECT_FALSE(ui().timerRunning(window().Timer1));
 }
 
 TEST_F(TesterFraming, AMessageThatBeginsBehindNoiseInOneReadIsLost)
@@ -33,13 +34,6 @@ TEST_F(TesterFraming, AMessageThatBeginsBehindNoiseInOneReadIsLost)
     ui().advance(3000);
     EXPECT_FALSE(exists("LOG.TXT"));
     EXPECT_FALSE(window().Timer1.enabled());
-}
-
-TEST_F(TesterFraming, SeventyOneCharactersInOneReadAreJudgedAtOnce)
-{
-    tester(PassMessage());
-    EXPECT_EQ(logLines().size(), 1u);
-    EXPECT_FALSE(ui().timerRunning(window().Timer1));
 }
 
 TEST_F(TesterFraming, AMessageInPiecesIsJudgedWithItsLastCharacter)

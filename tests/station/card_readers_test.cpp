@@ -198,19 +198,6 @@ TEST_F(CardReader, WhereNamesCountAGeneralRs232LineIsAName)
     EXPECT_EQ(error, "ID not found|Sorry, your name was not found,");
 }
 
-TEST_F(CardReader, AnUnknownCardEnrolsUnderItsCardNumber)
-{
-    // 3039 hexadecimal is the card number 12345.
-    start(2, 0, 16, [](Settings& s) { s.AddUnknownFlag = 1; });
-    ui().answerMsgBox("The badge number 12345 was not found.\nAdd it to the list?", msgbox::Yes);
-    reader().send("3039\r\n");
-    ui().advance(0);
-    ASSERT_TRUE(testWindowOpen());
-    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "12345, Number");
-    EXPECT_EQ(app_->EmployeeCount, 3);
-    EXPECT_EQ(app_->BadgeNum[2], "12345");
-}
-
 TEST_F(CardReader, AnUnknownGeneralRs232BadgeEnrolsAsTrimmed)
 {
     start(4, 0, 12, [](Settings& s) {

@@ -56,10 +56,7 @@ TEST(SimulatedTester, OverRangeReadingsAndTheComFailCheckGiveTheExpectedVerdicts
     const SimulatorMessage high = BuildSimulatorMessage(Input("120", "1", "1", RockerSwitch::Wrist));
     EXPECT_EQ(high.wristText, "99.99");
     EXPECT_EQ(high.text.substr(0, 12), "W=99.99M=HI,");
-    const Verdict v = JudgeTest({high.text, {}, 0, Language::EnglishUS}, TestRecord{});
-    EXPECT_EQ(v.record.ComFailFlag, False);
-    EXPECT_EQ(v.wristResult, "**HIGH** > 100 Meg");
-    EXPECT_EQ(v.record.ResultCode, 5);
+    EXPECT_EQ(JudgeTest({high.text, {}, 0, Language::EnglishUS}, TestRecord{}).record.ResultCode, 5);
 
     SimulatorInput garbled = Input("1", "1", "1", RockerSwitch::Middle);
     garbled.comFail = true;
@@ -73,14 +70,8 @@ TEST(SimulatedTester, TheMiddlePositionReportsBothChannelsOutAndTheVerdictJudges
     // Both fields "M=--"; an employee who wears neither strap is then judged on every channel.
     const SimulatorMessage m = BuildSimulatorMessage(Input("0.2", "30", "60", RockerSwitch::Middle));
     EXPECT_EQ(m.text, "W=00.20M=--, L=30.00M=--, R=60.00M=--, 00.50M<W<10.00M, 00.75M<F<50.00M");
-    EmployeeLimits neither;
-    neither.wristEnable = False;
-    neither.footEnable = False;
-    const Verdict v = JudgeTest({m.text, neither, 0, Language::EnglishUS}, TestRecord{});
-    EXPECT_EQ(v.record.WristCode, "Wlo");
-    EXPECT_EQ(v.record.LeftCode, "Lok");
-    EXPECT_EQ(v.record.RightCode, "Rhi");
-    EXPECT_EQ(v.record.ProblemBits, 1 + 32);
+    const EmployeeLimits neither{.wristEnable = False, .footEnable = False};
+    EXPECT_EQ(JudgeTest({m.text, neither, 0, Language::EnglishUS}, TestRecord{}).record.ProblemBits, 1 + 32);
 }
 
 TEST(SimulatedTester, TheEmployeesLimitsReplaceTheSwitchesAndTheRightFootUsesThemDirectly)
