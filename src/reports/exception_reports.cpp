@@ -116,7 +116,7 @@ private:
         EmployeeLookup lookup(app_);
         LogRecord r;
         for (;;) {
-            const LogRead read = ReadLogRecordByFields(log, r);
+            const LogRead read = ReadLogRecordDateFirst(log, r);
             if (read == LogRead::End)
                 return true;
             if (read == LogRead::Failed)
@@ -132,12 +132,14 @@ private:
                 // Two days back and more, a line lies before the span whatever its time.
                 if (date < app_.ReportDate - 1)
                     continue;
+                CompleteLogRecord(r);
                 moment = lineMoment(date, r.Time);
                 if (!span_.holds(moment))
                     continue;
             } else if (date != app_.ReportDate) {
                 continue;
             }
+            CompleteLogRecord(r);
             const int row = lookup.find(r.LastName, r.FirstName);
             if (row < 0)
                 continue; // a name the table does not have plays no part

@@ -99,24 +99,31 @@ LogRead readSpilledRecord(LogStream& log, LogRecord& r)
 
 } // namespace
 
-LogRead ReadLogRecordByFields(LogStream& log, LogRecord& r)
+namespace {
+
+// Field k of a line whose commas stand at `comma` (count of them): from behind comma k - 1 to
+// comma k, or to the line's end, without blanks around it, as the comma-separated reader takes it.
+std::string_view lineField(std::string_view line, const std::uint32_t* comma, int commas, int k)
 {
+    const size_t b = k == 0 ? 0 : comma[k - 1] + 1;
+    const size_t e = k < commas ? comma[k] : line.size();
+    return trimBlanks(line.substr(b, e - b));
+}
+
+} // namespace
+
+LogRead ReadLogRecordDateFirst(LogStream& log, LogRecord& r)
+{
+    r.pendingCount = -1;
     if (log.atEnd())
         return log.failed() ? LogRead::Failed : LogRead::End;
     // Nearly every record is one whole line, taken here in one look at it.
     std::string_view line;
     if (!log.peekLine(line))
         return LogRead::Failed;
-    std::uint32_t comma[11];
+    std::uint32_t* const comma = r.pendingCommas;
     const int commas = findCommas(line, comma, 11);
-    // Field k as the comma-separated reader takes it: from behind comma k - 1 to comma k, or to the
-    // line's end, without blanks around it.
-    const auto field = [&](int k) {
-        const size_t b = k == 0 ? 0 : comma[k - 1] + 1;
-        const size_t e = k < commas ? comma[k] : line.size();
-        return trimBlanks(line.substr(b, e - b));
-    };
-    const std::string_view lastName = field(0);
+    const std::string_view lastName = lineField(line, comma, commas, 0);
     if (isNoName(lastName)) {
         // Only that one field is consumed: the rest of its line begins the next record.
         if (commas > 0)
@@ -129,17 +136,28 @@ LogRead ReadLogRecordByFields(LogStream& log, LogRecord& r)
     // "ComFail" and a comma, or nine commas in all; any other runs over into the next line.
     if (commas < 6)
         return readSpilledRecord(log, r);
-    const std::string_view wristStat = field(5);
+    const std::string_view wristStat = lineField(line, comma, commas, 5);
     const bool comFail = wristStat == "ComFail";
     if (!comFail && commas < 10)
         return readSpilledRecord(log, r);
     r.LastName = lastName;
+    r.Date = lineField(line, comma, commas, 3);
+    r.WristStat = wristStat;
+    r.pendingLine = line;
+    r.pendingCount = commas;
+    log.nextLine();
+    return LogRead::Record;
+}
+
+void CompleteLogRecord(LogRecord& r)
+{
+    if (r.pendingCount < 0)
+        return;
+    const auto field = [&r](int k) { return lineField(r.pendingLine, r.pendingCommas, r.pendingCount, k); };
     r.FirstName = field(1);
     r.ID = field(2);
-    r.Date = field(3);
     r.Time = field(4);
-    r.WristStat = wristStat;
-    if (comFail) {
+    if (r.WristStat == "ComFail") {
         // The line's remaining fields are placeholders; the rest of it goes.
         r.LeftStat = r.RightStat = r.WristMegs = r.LeftMegs = r.RightMegs = {};
     } else {
@@ -149,8 +167,15 @@ LogRead ReadLogRecordByFields(LogStream& log, LogRecord& r)
         r.LeftMegs = field(9);
         r.RightMegs = field(10); // the rest of the line up to a comma
     }
-    log.nextLine();
-    return LogRead::Record;
+    r.pendingCount = -1;
+}
+
+LogRead ReadLogRecordByFields(LogStream& log, LogRecord& r)
+{
+    const LogRead read = ReadLogRecordDateFirst(log, r);
+    if (read == LogRead::Record)
+        CompleteLogRecord(r);
+    return read;
 }
 
 LogRead ReadLogRecordByLine(LogStream& log, LogRecord& r)

@@ -11,6 +11,7 @@
 #include "reports/log_stream.h"
 #include "reports/report_parameters.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -33,6 +34,11 @@ struct LogRecord
 
     // The fields of a record that runs over more than one line, which the views then show.
     std::string spill[11];
+
+    // Where the fields not yet taken stand, until CompleteLogRecord takes them.
+    std::string_view pendingLine;
+    std::uint32_t pendingCommas[11] = {};
+    int pendingCount = -1; // -1: nothing pending
 };
 
 enum class LogRead {
@@ -47,6 +53,11 @@ enum class LogRead {
 // with too few fields takes its missing fields from the next line. A "ComFail" record leaves the
 // status and reading fields empty.
 LogRead ReadLogRecordByFields(LogStream& log, LogRecord& record);
+// The same, with only the last name, the date and the wrist status taken for a record that is one
+// whole line: a scan that passes over most of a long log by its date takes the other fields of the
+// records it keeps by CompleteLogRecord, before the next read.
+LogRead ReadLogRecordDateFirst(LogStream& log, LogRecord& record);
+void CompleteLogRecord(LogRecord& record);
 // The next line sliced into last name, first name, ID and date, with the head and tail; any line
 // without those four comma-ended fields, or with "*" as its last name, is a clean skip.
 LogRead ReadLogRecordByLine(LogStream& log, LogRecord& record);

@@ -69,7 +69,7 @@ bool scanLog(App& app, int reportYear, Grids& grids, UnknownNames& unknown)
     EmployeeLookup lookup(app);
     LogRecord r;
     for (;;) {
-        const LogRead read = ReadLogRecordByFields(log, r);
+        const LogRead read = ReadLogRecordDateFirst(log, r);
         if (read == LogRead::End)
             return true;
         if (read == LogRead::Failed)
@@ -89,6 +89,7 @@ bool scanLog(App& app, int reportYear, Grids& grids, UnknownNames& unknown)
             return true;
         if (month != app.ReportMonth || year != reportYear)
             continue;
+        CompleteLogRecord(r);
         if (r.WristStat == "ComFail")
             r.LeftStat = r.RightStat = r.WristMegs = r.LeftMegs = r.RightMegs = "*";
         app.WristReading = readingOf(r.WristMegs);
