@@ -35,6 +35,8 @@ class DirForm;
 class DispForm;
 class HelpForm;
 class IndividualEmployeeSelectionForm;
+class LogSortForm;
+class NamesForm;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -91,6 +93,8 @@ public:
     DispForm& dispForm();
     HelpForm& helpForm();
     IndividualEmployeeSelectionForm& individualEmployeeSelectionForm();
+    LogSortForm& logSortForm();
+    NamesForm& namesForm();
 
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
@@ -118,6 +122,8 @@ private:
     std::unique_ptr<Form> dispForm_;
     std::unique_ptr<Form> helpForm_;
     std::unique_ptr<Form> individualEmployeeSelectionForm_;
+    std::unique_ptr<Form> logSortForm_;
+    std::unique_ptr<Form> namesForm_;
 };
 
 } // namespace zandolt
