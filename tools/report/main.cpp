@@ -8,6 +8,7 @@
 #include "platform/system/posix_files.h"
 #include "platform/system/system_programs.h"
 #include "report_command.h"
+#include "site_commands.h"
 
 #include <filesystem>
 #include <iostream>
@@ -27,10 +28,12 @@ int usageError(const std::string& error)
 
 int main(int argc, char** argv)
 {
+    if (argc > 1 && IsSiteCommand(argv[1]))
+        return RunSiteCommand(std::vector<std::string>(argv + 1, argv + argc), std::cout, std::cerr, std::cin);
     const ParsedArguments parsed = ParseReportArguments(std::vector<std::string>(argv + 1, argv + argc));
     const ReportRequest& request = parsed.request;
     if (request.help) {
-        std::cout << ReportUsage();
+        std::cout << ReportUsage() << '\n' << SiteUsage();
         return ReportDone;
     }
     if (!parsed.error.empty())
