@@ -75,8 +75,16 @@ void LogSortForm::wire()
 void LogSortForm::Timer1_Timer()
 {
     Timer1.setEnabled(false);
+    running_ = true;
     Runit();
+    running_ = false;
     Unload();
+}
+
+void LogSortForm::Form_QueryUnload(int& cancel, UnloadMode mode)
+{
+    if (running_ && mode == UnloadMode::ControlBox)
+        cancel = 1;
 }
 
 void LogSortForm::Command1_Click()

@@ -44,6 +44,9 @@ public:
 protected:
     void design() override;
     void wire() override;
+    // The close box does nothing while the job is under way: the job would go on without its
+    // window.
+    void Form_QueryUnload(int& cancel, UnloadMode mode) override;
 
 private:
     void Timer1_Timer();
@@ -76,6 +79,7 @@ private:
     LogMergeCounts counts_;
     bool failed_ = false;
     bool stopped_ = false;
+    bool running_ = false;
 };
 
 } // namespace zandolt

@@ -64,6 +64,9 @@ std::vector<Shot> AllShots()
         {"selection-configuration", ShootSelConfigForm},
         {"reader-configuration", ShootConFigReaderForm},
         {"directories", ShootDirForm},
+        // Last: they leave a merged log and gathered names in the program directory.
+        {"log-merge", ShootLogSortForm},
+        {"names-consolidation", ShootNamesForm},
     };
 }
 

@@ -79,4 +79,7 @@ bool ShootSelConfigForm(ShotContext& ctx, const QString& file);
 bool ShootConFigReaderForm(ShotContext& ctx, const QString& file);
 bool ShootDirForm(ShotContext& ctx, const QString& file);
 
+bool ShootLogSortForm(ShotContext& ctx, const QString& file);
+bool ShootNamesForm(ShotContext& ctx, const QString& file);
+
 } // namespace zandolt::screenshots
