@@ -100,8 +100,9 @@ void LogSortForm::message(const std::string& text)
 
 void LogSortForm::stop(const std::string& what, const std::string& path)
 {
-    // Where the program once ended with a run-time error, the run ends with a message that the
-    // switch /i does not hide; what the run had done stays, and the next run goes on from there.
+    // A file that cannot be read, written, renamed or deleted here is no matter of one station: the
+    // run ends with a message that the switch /i does not hide. What the run had done stays, and
+    // the next run goes on from there.
     message("LogSort stopped: could not " + what + " " + path);
     failed_ = true;
     stopped_ = true;
