@@ -2,6 +2,7 @@
 
 #include "admin/passwords.h"
 #include "app.h"
+#include "automation/file_rows.h"
 #include "automation/log_merge.h"
 #include "automation/log_sort_options.h"
 #include "automation/station_dirs.h"
@@ -33,27 +34,10 @@ void LogSortForm::design()
     setCaption("Log Sort");
     setSize(7440, 3660);
     setFixedDialog(true);
-    Label1.setCaption("Combining two log files.");
-    Label1.move(240, 180, 6840, 300);
-    Label1.setFontSize(9.75);
-    Label1.setFontBold(true);
-    Label2.setCaption("File Name");
-    Label2.move(1560, 660, 3960, 255);
-    Label3.setCaption("Lines Processed");
-    Label3.move(5640, 660, 1440, 255);
-    Label3.setAlignment(1);
-    Label* rows[3][3] = {{&Label7, &Label4, &Label11}, {&Label8, &Label5, &Label12}, {&Label9, &Label6, &Label13}};
-    const char* captions[3] = {"Input file 1", "Input File 2", "Output file"};
-    for (int i = 0; i < 3; ++i) {
-        const int top = 960 + i * 400;
-        rows[i][0]->setCaption(captions[i]);
-        rows[i][0]->move(240, top + 30, 1260, 285);
-        rows[i][1]->move(1560, top, 3960, 315);
-        rows[i][1]->setBorderStyle(1);
-        rows[i][2]->move(5640, top, 1440, 315);
-        rows[i][2]->setBorderStyle(1);
-        rows[i][2]->setAlignment(1);
-    }
+    DesignFileRows(Label1, "Combining two log files.", Label2, Label3,
+                   {{&Label7, "Input file 1", &Label4, &Label11},
+                    {&Label8, "Input File 2", &Label5, &Label12},
+                    {&Label9, "Output file", &Label6, &Label13}});
     DuplicateLab.setCaption("*** Duplicate lines were removed ***");
     DuplicateLab.move(240, 2220, 6840, 285);
     DuplicateLab.setAlignment(2);
@@ -106,6 +90,22 @@ void LogSortForm::stop(const std::string& what, const std::string& path)
     message("LogSort stopped: could not " + what + " " + path);
     failed_ = true;
     stopped_ = true;
+}
+
+void LogSortForm::showFiles(const std::string& input1, const std::string& input2, const std::string& output,
+                            const char* counters)
+{
+    Label4.setCaption(input1);
+    Label5.setCaption(input2);
+    Label6.setCaption(output);
+    for (Label* l : {&Label11, &Label12, &Label13})
+        l->setCaption(counters);
+    app_.ui.doEvents();
+}
+
+std::string LogSortForm::stationDirectory() const
+{
+    return StationPath.empty() ? StationLog.substr(0, StationLog.find_last_of('/') + 1) : StationPath;
 }
 
 void LogSortForm::showCounts()
@@ -217,15 +217,8 @@ void LogSortForm::recover()
 void LogSortForm::MergeLogPair()
 {
     Files& files = app_.files;
-    Label4.setCaption(OldServerLog);
-    Label5.setCaption(StationLog);
-    Label6.setCaption(ServerLog);
-    for (Label* l : {&Label11, &Label12, &Label13})
-        l->setCaption("");
-    app_.ui.doEvents();
-
-    const std::string station =
-        StationPath.empty() ? StationLog.substr(0, StationLog.find_last_of('/') + 1) : StationPath;
+    showFiles(OldServerLog, StationLog, ServerLog, "");
+    const std::string station = stationDirectory();
     if (!StationReachable(files, station)) {
         if (!IgnoreErrors)
             message(station + " can not be accessed.  Please check the network connections");
@@ -287,12 +280,7 @@ bool LogSortForm::MergeTwoFiles()
 bool LogSortForm::mergeInto(const std::string& output, StationTake* take)
 {
     Files& files = app_.files;
-    Label4.setCaption(InputFile1);
-    Label5.setCaption(InputFile2);
-    Label6.setCaption(OutputFile);
-    for (Label* l : {&Label11, &Label12, &Label13})
-        l->setCaption("Processing...");
-    app_.ui.doEvents();
+    showFiles(InputFile1, InputFile2, OutputFile, "Processing...");
     counts_ = {};
 
     std::unique_ptr<FileReader> reader1, reader2;
@@ -353,7 +341,7 @@ void LogSortForm::commitAndDrain(const StationTake& take, const std::string& ser
     entry.state = JournalEntry::Commit;
     entry.take = take;
     entry.historyBase = std::max<std::int64_t>(app_.files.size(StationHistory), 0);
-    entry.station = StationPath.empty() ? StationLog.substr(0, StationLog.find_last_of('/') + 1) : StationPath;
+    entry.station = stationDirectory();
     entry.madeNow = true;
     journal_.put(entry);
     if (!journal_.save())

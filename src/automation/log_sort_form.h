@@ -72,7 +72,12 @@ private:
     // next run go on.
     void stop(const std::string& what, const std::string& path);
     void message(const std::string& text);
+    // The three file names, the counters' text, and a turn of the event loop to show them.
+    void showFiles(const std::string& input1, const std::string& input2, const std::string& output,
+                   const char* counters);
     void showCounts();
+    // The station in hand: its NetList.txt line, or the mount point in the place of a drive.
+    std::string stationDirectory() const;
 
     App& app_;
     LogMergeJournal journal_;

@@ -1,6 +1,7 @@
 #include "automation/names_form.h"
 
 #include "app.h"
+#include "automation/file_rows.h"
 #include "automation/station_dirs.h"
 #include "data/names_file.h"
 #include "data/text_lines.h"
@@ -35,34 +36,9 @@ void NamesForm::design()
     setCaption("Combine Name Information");
     setSize(7440, 3900);
     setFixedDialog(true);
-    Label1.setCaption("Combining names files.");
-    Label1.move(240, 180, 6840, 300);
-    Label1.setFontSize(9.75);
-    Label1.setFontBold(true);
-    Label4.setCaption("File Name");
-    Label4.move(1560, 660, 3960, 255);
-    Label5.setCaption("Lines Processed");
-    Label5.move(5640, 660, 1440, 255);
-    Label5.setAlignment(1);
-    const struct
-    {
-        Label* caption;
-        const char* text;
-        Label* file;
-        Label* lines;
-    } rows[] = {{&Label2, "Input file", &FileLabel, &LinesLabel},
-                {&Label3, "Output file", &OutFileLabel, &OutLinesLabel}};
-    int top = 960;
-    for (const auto& row : rows) {
-        row.caption->setCaption(row.text);
-        row.caption->move(240, top + 30, 1260, 285);
-        row.file->move(1560, top, 3960, 315);
-        row.file->setBorderStyle(1);
-        row.lines->move(5640, top, 1440, 315);
-        row.lines->setBorderStyle(1);
-        row.lines->setAlignment(1);
-        top += 400;
-    }
+    DesignFileRows(
+        Label1, "Combining names files.", Label4, Label5,
+        {{&Label2, "Input file", &FileLabel, &LinesLabel}, {&Label3, "Output file", &OutFileLabel, &OutLinesLabel}});
     StatusLabel.move(240, 1860, 6840, 780);
     OkBut.setCaption("OK");
     OkBut.move(3000, 2880, 1440, 450);

@@ -23,8 +23,6 @@ public:
     CommandButton OkBut;
     Timer Timer1, Timer2;
 
-    const MergedNames& merged() const { return merged_; }
-
 protected:
     void design() override;
     void wire() override;

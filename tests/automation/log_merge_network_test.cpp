@@ -1,6 +1,7 @@
 // The network run of the log merge over station directories on this machine, every file checked
 // afterwards; and the leftovers of a run that stopped half-way, which the next run finishes
 // without losing a line or merging one twice.
+#include "automation/log_lines.h"
 #include "automation/log_merge.h"
 #include "automation/log_merge_journal.h"
 #include "support/station_fixture.h"
@@ -12,21 +13,6 @@
 
 namespace zandolt::testing {
 namespace {
-
-std::string at(const std::string& name, const std::string& date, const std::string& time)
-{
-    std::string line = name;
-    line.resize(20, ' ');
-    return line + ", 4711               , " + date + ", " + time + ", Wok, Lok, Rok, 01.00, 02.00, 03.00";
-}
-
-std::string lines(std::initializer_list<std::string> list)
-{
-    std::string text;
-    for (const std::string& l : list)
-        text += l + "\r\n";
-    return text;
-}
 
 // The program's files with a hook in front of renames and appends, which can refuse one or do what
 // a station does meanwhile.
@@ -89,29 +75,31 @@ protected:
 
     TempDir stations_;
     HookedFiles files;
-    const std::string s1 = at("Poe, Ed", "03-14-2026", "07:00:00"), s2 = at("Poe, Ed", "03-15-2026", "08:15:00");
-    const std::string a8 = at("Doe, Jane", "03-15-2026", "08:00:00"), a9 = at("Doe, Jane", "03-15-2026", "09:00:00");
-    const std::string b830 = at("Roe, Rick", "03-15-2026", "08:30:00"),
-                      b930 = at("Roe, Rick", "03-15-2026", "09:30:00");
+    const std::string s1 = LogLineAt("Poe, Ed", "03-14-2026", "07:00:00"),
+                      s2 = LogLineAt("Poe, Ed", "03-15-2026", "08:15:00");
+    const std::string a8 = LogLineAt("Doe, Jane", "03-15-2026", "08:00:00"),
+                      a9 = LogLineAt("Doe, Jane", "03-15-2026", "09:00:00");
+    const std::string b830 = LogLineAt("Roe, Rick", "03-15-2026", "08:30:00"),
+                      b930 = LogLineAt("Roe, Rick", "03-15-2026", "09:30:00");
 };
 
 TEST_F(NetworkMerge, EachReachableStationIsMergedInTurnAndDrainedIntoItsHistory)
 {
-    write("log.txt", lines({s1, s2}));
+    write("log.txt", LogText({s1, s2}));
     write("logbak1.txt", "bak1\r\n");
-    WriteTextFile(station("st1/Log.txt"), lines({a8, a9}));
+    WriteTextFile(station("st1/Log.txt"), LogText({a8, a9}));
     WriteTextFile(station("st1/LogHist.txt"), "old\r\n");
     // The station's log under another spelling, its last line cut short.
-    WriteTextFile(station("st2/LOG.TXT"), lines({b830}) + b930);
+    WriteTextFile(station("st2/LOG.TXT"), LogText({b830}) + b930);
     RunLogMerge(*app_);
 
     // st1 first: s1 (03-14) < a8; s2 (08:15) >= a8 (08:00); s2 < a9. Then st2 into that.
-    EXPECT_EQ(read("log1.txt"), lines({s1, a8, s2, a9}));
-    EXPECT_EQ(read("log.txt"), lines({s1, a8, s2, b830, a9, b930}));
-    EXPECT_EQ(read("logbak1.txt"), lines({s1, s2}));
+    EXPECT_EQ(read("log1.txt"), LogText({s1, a8, s2, a9}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, s2, b830, a9, b930}));
+    EXPECT_EQ(read("logbak1.txt"), LogText({s1, s2}));
     EXPECT_EQ(read("logbak2.txt"), "bak1\r\n");
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + lines({a8, a9}));
-    EXPECT_EQ(stationFile("st2/LogHist.txt"), lines({b830, b930}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + LogText({a8, a9}));
+    EXPECT_EQ(stationFile("st2/LogHist.txt"), LogText({b830, b930}));
     EXPECT_FALSE(FileExists(station("st1/Log.txt")));
     EXPECT_FALSE(FileExists(station("st2/LOG.TXT")));
     EXPECT_EQ(stationFile("st3/ZANDOLT.INI"), "");
@@ -123,15 +111,15 @@ TEST_F(NetworkMerge, EachReachableStationIsMergedInTurnAndDrainedIntoItsHistory)
 TEST_F(NetworkMerge, WithoutAServerLogTheFirstStationsLogIsTakenAsItStands)
 {
     app_->LogSortDefaults = "/c";
-    WriteTextFile(station("st1/Log.txt"), lines({a8, a8, a9}));
-    WriteTextFile(station("st2/Log.txt"), lines({b830, b930}));
+    WriteTextFile(station("st1/Log.txt"), LogText({a8, a8, a9}));
+    WriteTextFile(station("st2/Log.txt"), LogText({b830, b930}));
     RunLogMerge(*app_);
 
     // The copy keeps the repeated line; the merge with st2 drops it as a neighbour.
-    EXPECT_EQ(read("log1.txt"), lines({a8, a8, a9}));
-    EXPECT_EQ(read("log.txt"), lines({a8, b830, a9, b930}));
+    EXPECT_EQ(read("log1.txt"), LogText({a8, a8, a9}));
+    EXPECT_EQ(read("log.txt"), LogText({a8, b830, a9, b930}));
     EXPECT_FALSE(exists("logbak1.txt"));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), lines({a8, a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8, a8, a9}));
     // Without "/i" each station out of reach is named: empty, missing, and one of folders only.
     const std::string after = " can not be accessed.  Please check the network connections";
     EXPECT_EQ(prompts(), (std::vector<std::string>{station("empty") + after, station("missing") + after,
@@ -142,21 +130,21 @@ TEST_F(NetworkMerge, WithoutAServerLogTheFirstStationsLogIsTakenAsItStands)
 TEST_F(NetworkMerge, AMergeThatWroteNothingRestoresTheOldLogAndLeavesTheStationAlone)
 {
     app_->LogSortDefaults = "/c";
-    write("log.txt", lines({s1}));
-    WriteTextFile(station("st1/Log.txt"), lines({a8}));
+    write("log.txt", LogText({s1}));
+    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
     files.failAppends(1); // the output cannot be created
     RunLogMerge(*app_);
     EXPECT_EQ(prompts().at(0), " The sort did not produce a log.txt file, so will revert to old one.");
-    EXPECT_EQ(read("log.txt"), lines({s1}));
-    EXPECT_EQ(read("log1.txt"), lines({s1}));
-    EXPECT_EQ(stationFile("st1/Log.txt"), lines({a8}));
+    EXPECT_EQ(read("log.txt"), LogText({s1}));
+    EXPECT_EQ(read("log1.txt"), LogText({s1}));
+    EXPECT_EQ(stationFile("st1/Log.txt"), LogText({a8}));
     EXPECT_FALSE(FileExists(station("st1/LogHist.txt")));
 }
 
 TEST_F(NetworkMerge, HelpShowsTheOptionsAndDoesNothingElse)
 {
     app_->LogSortDefaults = "/?";
-    write("log.txt", lines({s1}));
+    write("log.txt", LogText({s1}));
     RunLogMerge(*app_);
     EXPECT_EQ(prompts(), (std::vector<std::string>{" Command line defaults: \r\n/i = ignore errors\r\n/c = close "
                                                    "automatically when done\r\nCan accept 3 files on command line\r\n"
@@ -167,7 +155,7 @@ TEST_F(NetworkMerge, HelpShowsTheOptionsAndDoesNothingElse)
 
 TEST_F(NetworkMerge, TheMenuEntryRunsOnlyAfterYes)
 {
-    write("log.txt", lines({s1}));
+    write("log.txt", LogText({s1}));
     ui().answerMsgBox("Run LogSort to combine and sort all the log.txt files?", msgbox::No);
     RunLogSortMenu(*app_);
     EXPECT_FALSE(exists("logbak1.txt"));
@@ -182,13 +170,13 @@ TEST_F(NetworkMerge, WithoutNetListAndWithoutTheFourMountsOnlyTheBackupsRotate)
         if (std::filesystem::exists(mount))
             GTEST_SKIP() << mount << " exists on this machine";
     std::filesystem::remove(path("NetList.txt"));
-    write("log.txt", lines({s1}));
+    write("log.txt", LogText({s1}));
     write("logbak1.txt", "bak1\r\n");
     app_->LogSortDefaults = "/c";
     RunLogMerge(*app_);
     EXPECT_EQ(read("logbak2.txt"), "bak1\r\n");
-    EXPECT_EQ(read("logbak1.txt"), lines({s1}));
-    EXPECT_EQ(read("log.txt"), lines({s1}));
+    EXPECT_EQ(read("logbak1.txt"), LogText({s1}));
+    EXPECT_EQ(read("log.txt"), LogText({s1}));
     EXPECT_FALSE(exists("log1.txt"));
     const std::string after = " can not be accessed.  Please check the network connections";
     EXPECT_EQ(prompts(),
@@ -199,10 +187,10 @@ TEST_F(NetworkMerge, WithoutNetListAndWithoutTheFourMountsOnlyTheBackupsRotate)
 
 TEST_F(NetworkMerge, AnOutputPromisedButNotYetInPlaceIsPutThereAndItsStationOnlyDrained)
 {
-    write("log.txt", lines({s1}));
+    write("log.txt", LogText({s1}));
     write(LogMergeJournal::MergingName, "half of an earlier output");
-    WriteTextFile(station("st1/Log.txt"), lines({a8}));
-    WriteTextFile(station("st2/Log.txt"), lines({b830}));
+    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
+    WriteTextFile(station("st2/Log.txt"), LogText({b830}));
     // The run stops where the merged output of st1 is promised in the journal but not yet renamed.
     files.before = [](const std::string& op, const std::string& p) {
         return !(op == "rename" && EndsWith(p, LogMergeJournal::MergedName));
@@ -210,13 +198,13 @@ TEST_F(NetworkMerge, AnOutputPromisedButNotYetInPlaceIsPutThereAndItsStationOnly
     RunLogMerge(*app_);
     EXPECT_EQ(prompts().at(0), "LogSort stopped: could not rename .log.txt.merged");
     EXPECT_FALSE(exists("log.txt"));
-    EXPECT_EQ(stationFile("st1/Log.txt"), lines({a8}));
+    EXPECT_EQ(stationFile("st1/Log.txt"), LogText({a8}));
 
     files.before = nullptr;
     RunLogMerge(*app_);
     // a8 once: st1 is drained, not merged again.
-    EXPECT_EQ(read("log.txt"), lines({s1, a8, b830}));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), lines({a8}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, b830}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8}));
     EXPECT_FALSE(FileExists(station("st1/Log.txt")));
     EXPECT_FALSE(FileExists(station("st2/Log.txt")));
     expectNoLeftovers();
@@ -225,20 +213,20 @@ TEST_F(NetworkMerge, AnOutputPromisedButNotYetInPlaceIsPutThereAndItsStationOnly
 TEST_F(NetworkMerge, AServerLogRenamedAwayIsBroughtBackBeforeAnythingElse)
 {
     // Stopped between the rename of log.txt to log1.txt and the end of the merge.
-    write("log1.txt", lines({s1, s2}));
+    write("log1.txt", LogText({s1, s2}));
     write(LogMergeJournal::MergingName, s1);
-    WriteTextFile(station("st1/Log.txt"), lines({a8}));
+    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
     RunLogMerge(*app_);
-    EXPECT_EQ(read("logbak1.txt"), lines({s1, s2}));
-    EXPECT_EQ(read("log.txt"), lines({s1, a8, s2}));
+    EXPECT_EQ(read("logbak1.txt"), LogText({s1, s2}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, s2}));
     expectNoLeftovers();
 }
 
 TEST_F(NetworkMerge, ADrainCutShortGoesOnWhereTheHistoryEnds)
 {
-    write("log.txt", lines({s1}));
+    write("log.txt", LogText({s1}));
     WriteTextFile(station("st1/LogHist.txt"), "old\r\n");
-    const std::string taken = lines({a8}) + a9; // its last line cut short
+    const std::string taken = LogText({a8}) + a9; // its last line cut short
     WriteTextFile(station("st1/Log.txt"), taken);
     files.before = [](const std::string& op, const std::string& p) {
         return !(op == "append" && EndsWith(p, "LogHist.txt"));
@@ -250,51 +238,52 @@ TEST_F(NetworkMerge, ADrainCutShortGoesOnWhereTheHistoryEnds)
 
     files.before = nullptr;
     RunLogMerge(*app_);
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + lines({a8, a9}));
-    EXPECT_EQ(read("log.txt"), lines({s1, a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + LogText({a8, a9}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, a9}));
     EXPECT_FALSE(FileExists(station("st1/Log.txt")));
     expectNoLeftovers();
 }
 
 TEST_F(NetworkMerge, AStationThatTestsDuringTheMergeKeepsItsNewLinesForTheNextRun)
 {
-    write("log.txt", lines({s1}));
-    WriteTextFile(station("st1/Log.txt"), lines({a8}));
+    write("log.txt", LogText({s1}));
+    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
     bool tested = false;
     files.before = [&](const std::string& op, const std::string& p) {
         if (op == "append" && EndsWith(p, "LogHist.txt") && !tested) {
             tested = true;
-            WriteTextFile(station("st1/Log.txt"), lines({a8, a9}));
+            WriteTextFile(station("st1/Log.txt"), LogText({a8, a9}));
         }
         return true;
     };
     RunLogMerge(*app_);
-    EXPECT_EQ(read("log.txt"), lines({s1, a8}));
-    EXPECT_EQ(stationFile("st1/Log.txt"), lines({a8, a9}));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), lines({a8}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8}));
+    EXPECT_EQ(stationFile("st1/Log.txt"), LogText({a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8}));
 
     RunLogMerge(*app_);
-    EXPECT_EQ(read("log.txt"), lines({s1, a8, a9}));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), lines({a8, a9}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8, a9}));
     EXPECT_FALSE(FileExists(station("st1/Log.txt")));
     expectNoLeftovers();
 
     // Kept again, and then the station's log is begun anew with a line of the same length: the
     // fingerprint tells it from the one the merge took, and all of it is merged.
-    const std::string c1 = at("Doe, Jane", "03-16-2026", "08:00:00"), c2 = at("Doe, Jane", "03-16-2026", "09:00:00"),
-                      c3 = at("Doe, Jane", "03-16-2026", "10:00:00");
-    WriteTextFile(station("st1/Log.txt"), lines({c1}));
+    const std::string c1 = LogLineAt("Doe, Jane", "03-16-2026", "08:00:00"),
+                      c2 = LogLineAt("Doe, Jane", "03-16-2026", "09:00:00"),
+                      c3 = LogLineAt("Doe, Jane", "03-16-2026", "10:00:00");
+    WriteTextFile(station("st1/Log.txt"), LogText({c1}));
     files.before = [&](const std::string& op, const std::string& p) {
         if (op == "append" && EndsWith(p, "LogHist.txt"))
-            WriteTextFile(station("st1/Log.txt"), lines({c1, c2}));
+            WriteTextFile(station("st1/Log.txt"), LogText({c1, c2}));
         return true;
     };
     RunLogMerge(*app_);
-    WriteTextFile(station("st1/Log.txt"), lines({c3}));
+    WriteTextFile(station("st1/Log.txt"), LogText({c3}));
     files.before = nullptr;
     RunLogMerge(*app_);
-    EXPECT_EQ(read("log.txt"), lines({s1, a8, a9, c1, c3}));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), lines({a8, a9, c1, c3}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, a9, c1, c3}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8, a9, c1, c3}));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // The merge of two logs, case by case as the rules order the lines, and the option text that
 // chooses between a merge of named files and the network run.
+#include "automation/log_lines.h"
 #include "automation/log_merge.h"
 #include "automation/log_merge_rule.h"
 #include "automation/log_sort_options.h"
@@ -13,20 +14,6 @@ namespace zandolt::testing {
 namespace {
 
 // A log line of the station's format, for a name, a date (mm-dd-yyyy) and a time.
-std::string at(const std::string& name, const std::string& date, const std::string& time)
-{
-    std::string line = name;
-    line.resize(20, ' ');
-    return line + ", 4711               , " + date + ", " + time + ", Wok, Lok, Rok, 01.00, 02.00, 03.00";
-}
-
-std::string lines(std::initializer_list<std::string> list)
-{
-    std::string text;
-    for (const std::string& l : list)
-        text += l + "\r\n";
-    return text;
-}
 
 class MergeTwoFilesTest : public StationTest
 {
@@ -50,41 +37,45 @@ protected:
 
     LogMergeCounts counts;
     bool merged = false;
-    const std::string a8 = at("Doe, Jane", "03-15-2026", "08:00:00"), a9 = at("Doe, Jane", "03-15-2026", "09:00:00"),
-                      a10 = at("Doe, Jane", "03-15-2026", "10:00:00");
-    const std::string b830 = at("Roe, Rick", "03-15-2026", "08:30:00"),
-                      b930 = at("Roe, Rick", "03-15-2026", "09:30:00"), b9 = at("Roe, Rick", "03-15-2026", "09:00:00");
+    const std::string a8 = LogLineAt("Doe, Jane", "03-15-2026", "08:00:00"),
+                      a9 = LogLineAt("Doe, Jane", "03-15-2026", "09:00:00"),
+                      a10 = LogLineAt("Doe, Jane", "03-15-2026", "10:00:00");
+    const std::string b830 = LogLineAt("Roe, Rick", "03-15-2026", "08:30:00"),
+                      b930 = LogLineAt("Roe, Rick", "03-15-2026", "09:30:00"),
+                      b9 = LogLineAt("Roe, Rick", "03-15-2026", "09:00:00");
 };
 
 TEST_F(MergeTwoFilesTest, TwoLogsOfOneDayInterleaveByTheTime)
 {
     // 08:00 < 08:30 writes line 1; 09:00 >= 08:30 in the same year writes line 2; and so on.
-    EXPECT_EQ(merge(lines({a8, a9, a10}), lines({b830, b930})), lines({a8, b830, a9, b930, a10}));
+    EXPECT_EQ(merge(LogText({a8, a9, a10}), LogText({b830, b930})), LogText({a8, b830, a9, b930, a10}));
     expectCounts(3, 2, 5, false);
 }
 
 TEST_F(MergeTwoFilesTest, TheYearPutsDecemberFirstOnlyWhenDecemberIsLineOne)
 {
-    const std::string dec = at("Doe, Jane", "12-31-2025", "23:00:00"), jan = at("Roe, Rick", "01-01-2026", "00:10:00");
+    const std::string dec = LogLineAt("Doe, Jane", "12-31-2025", "23:00:00"),
+                      jan = LogLineAt("Roe, Rick", "01-01-2026", "00:10:00");
     // "12-31-2025..." is above "01-01-2026..." as text, but the year 2025 is below 2026: line 1.
-    EXPECT_EQ(merge(lines({dec}), lines({jan})), lines({dec, jan}));
+    EXPECT_EQ(merge(LogText({dec}), LogText({jan})), LogText({dec, jan}));
     // The other way round the keys alone decide, and January goes out before December.
-    EXPECT_EQ(merge(lines({jan}), lines({dec})), lines({jan, dec}));
+    EXPECT_EQ(merge(LogText({jan}), LogText({dec})), LogText({jan, dec}));
 }
 
 TEST_F(MergeTwoFilesTest, AShortKeyOrAYearOutsideTheRangeComparesByKeyAlone)
 {
     // A key of ten characters has no year: "12-31-2025" is above "01-01-2026, ..." and line 2 goes
     // first, where the full key would have put December first.
-    const std::string shortKey = "Doe, Jane, 4711, 12-31-2025", jan = at("Roe, Rick", "01-01-2026", "00:10:00");
-    EXPECT_EQ(merge(lines({shortKey}), lines({jan})), lines({jan, shortKey}));
+    const std::string shortKey = "Doe, Jane, 4711, 12-31-2025", jan = LogLineAt("Roe, Rick", "01-01-2026", "00:10:00");
+    EXPECT_EQ(merge(LogText({shortKey}), LogText({jan})), LogText({jan, shortKey}));
     // "2x26" lies between "1980" and "3000" by character codes, so the years count: "2x26" below
     // "2x27" writes line 1 although its key is the larger.
-    const std::string x26 = at("Doe, Jane", "12-31-2x26", "23:00:00"), x27 = at("Roe, Rick", "01-01-2x27", "00:10:00");
-    EXPECT_EQ(merge(lines({x26}), lines({x27})), lines({x26, x27}));
+    const std::string x26 = LogLineAt("Doe, Jane", "12-31-2x26", "23:00:00"),
+                      x27 = LogLineAt("Roe, Rick", "01-01-2x27", "00:10:00");
+    EXPECT_EQ(merge(LogText({x26}), LogText({x27})), LogText({x26, x27}));
     // "0226" lies below "1980": no years, and the larger key goes second.
-    const std::string y0226 = at("Doe, Jane", "12-31-0226", "23:00:00");
-    EXPECT_EQ(merge(lines({y0226}), lines({x27})), lines({x27, y0226}));
+    const std::string y0226 = LogLineAt("Doe, Jane", "12-31-0226", "23:00:00");
+    EXPECT_EQ(merge(LogText({y0226}), LogText({x27})), LogText({x27, y0226}));
 }
 
 TEST_F(MergeTwoFilesTest, OnlyARepeatOfTheLineWrittenJustBeforeIsDropped)
@@ -92,19 +83,19 @@ TEST_F(MergeTwoFilesTest, OnlyARepeatOfTheLineWrittenJustBeforeIsDropped)
     // a8 twice in a row: the second is dropped. a10 in both files meet: equal keys write line 2,
     // and line 1 then repeats it. The a8 at the end of input 2 is no neighbour of the first and
     // stays.
-    EXPECT_EQ(merge(lines({a8, a8, a10}), lines({b9, a10, a8})), lines({a8, b9, a10, a8}));
+    EXPECT_EQ(merge(LogText({a8, a8, a10}), LogText({b9, a10, a8})), LogText({a8, b9, a10, a8}));
     expectCounts(3, 3, 4, true);
 }
 
 TEST_F(MergeTwoFilesTest, AnEmptySecondInputCopiesTheFirstWithoutItsRepeatsAndEmptyLines)
 {
-    EXPECT_EQ(merge(lines({a8, a8, "", a9}), ""), lines({a8, a9}));
+    EXPECT_EQ(merge(LogText({a8, a8, "", a9}), ""), LogText({a8, a9}));
     expectCounts(4, 0, 2, true);
 }
 
 TEST_F(MergeTwoFilesTest, AFileMergedWithItselfGivesEachLineOnce)
 {
-    const std::string log = lines({a8, b9, a10});
+    const std::string log = LogText({a8, b9, a10});
     EXPECT_EQ(merge(log, log), log);
     expectCounts(3, 3, 3, true);
 }
@@ -114,15 +105,15 @@ TEST_F(MergeTwoFilesTest, ALineWithAnEmptyKeyIsWrittenWhereItIsMetAndTheMergeEnd
     // Behind its third comma the line has only a blank: no order against b9 exists, and the line
     // goes out as soon as it is in hand.
     const std::string noKey = "Doe, Jane, 4711, ";
-    EXPECT_EQ(merge(lines({a8, noKey, a10}), lines({b9})), lines({a8, noKey, b9, a10}));
+    EXPECT_EQ(merge(LogText({a8, noKey, a10}), LogText({b9})), LogText({a8, noKey, b9, a10}));
     expectCounts(3, 1, 4, false);
     // Both keys empty: line 1 first.
-    EXPECT_EQ(merge(lines({"a, b, c,"}), lines({"d, e, f, "})), lines({"a, b, c,", "d, e, f, "}));
+    EXPECT_EQ(merge(LogText({"a, b, c,"}), LogText({"d, e, f, "})), LogText({"a, b, c,", "d, e, f, "}));
 }
 
 TEST_F(MergeTwoFilesTest, AMissingInputIsNamedAndNoOutputIsMade)
 {
-    write("IN2.TXT", lines({a8}));
+    write("IN2.TXT", LogText({a8}));
     EXPECT_FALSE(MergeLogFiles(*app_, "NONE.TXT", "IN2.TXT", "OUT.TXT", counts));
     ASSERT_EQ(ui().messages().size(), 1u);
     EXPECT_EQ(ui().messages()[0].prompt, "NONE.TXT not exist");
