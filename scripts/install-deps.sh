@@ -9,7 +9,7 @@ packages=(
   libcurl4-openssl-dev
   xvfb xauth socat xdotool imagemagick fonts-dejavu-core
   cups-daemon cups-client cups-bsd poppler-utils
-  python3
+  python3 time
 )
 
 missing=()

@@ -31,15 +31,21 @@ STATIONS = 20
 SERVER_ROWS = 4800  # the stations add 10 each: the table stays within its 5,001 rows
 
 
-def run(command, env=None):
-    """Runs the command with its output thrown away; returns the exit status, seconds and peak kB."""
-    start = time.perf_counter()
-    child = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, env=env)
-    _, status, usage = os.wait4(child.pid, 0)
-    seconds = time.perf_counter() - start
-    err = child.stderr.read().decode(errors="replace")
-    child.stderr.close()
-    return os.waitstatus_to_exitcode(status), seconds, usage.ru_maxrss, err
+def run(command, env=None, stdout=os.devnull):
+    """Runs the command with its standard output to a file; returns the exit status, seconds and peak
+    kB. The peak comes from GNU time, since a child's own figure would count the memory of the
+    Python process it was forked from."""
+    peak_file = os.path.join(os.path.dirname(os.path.abspath(stdout)) if stdout != os.devnull else "/tmp",
+                             ".peak.%d" % os.getpid())
+    with open(stdout, "w") as out:
+        start = time.perf_counter()
+        child = subprocess.run(["/usr/bin/time", "-f", "%M", "-o", peak_file] + command, stdout=out,
+                               stderr=subprocess.PIPE, env=env)
+        seconds = time.perf_counter() - start
+    with open(peak_file) as f:
+        peak = int(f.read().split()[-1])
+    os.remove(peak_file)
+    return child.returncode, seconds, peak, child.stderr.decode(errors="replace")
 
 
 def make_logs(work, lines):
@@ -92,16 +98,15 @@ def make_names(work):
     return server, pristine
 
 
-def compare(label, mine, theirs, reps, env=None, before=None):
-    """Runs the two commands interleaved; prints and returns the medians, their ratio and peak memory."""
+def compare(label, mine, theirs, reps, env=None, theirs_out=os.devnull):
+    """Runs the two commands interleaved; prints the medians, their ratio and peak memory, and returns
+    the ratio."""
     times = {"mine": [], "theirs": []}
     peak = {"mine": 0, "theirs": 0}
     order = ["mine", "theirs"] * reps
     random.shuffle(order)
     for which in order:
-        if before:
-            before()
-        status, seconds, kb, err = run(mine if which == "mine" else theirs, env)
+        status, seconds, kb, err = (run(mine, env) if which == "mine" else run(theirs, env, theirs_out))
         if status != 0:
             sys.exit("%s exited %d: %s" % (" ".join(mine if which == "mine" else theirs), status, err.strip()))
         times[which].append(seconds)
@@ -120,19 +125,22 @@ def main():
     parser.add_argument("--reps", type=int, default=7)
     parser.add_argument("--lines", type=int, default=500_000)
     args = parser.parse_args()
-    os.makedirs(args.dir, exist_ok=True)
+    work = os.path.abspath(args.dir)  # the stations' directories are named whole in NetList.txt
+    os.makedirs(work, exist_ok=True)
     program = os.path.abspath(args.program)
 
-    one, two = make_logs(args.dir, args.lines)
-    out = os.path.join(args.dir, "merged.txt")
+    one, two = make_logs(work, args.lines)
+    out = os.path.join(work, "merged.txt")
     print("%s, %s: %.1f MB and %.1f MB" % (one, two, os.path.getsize(one) / 1e6, os.path.getsize(two) / 1e6))
     env = dict(os.environ, LC_ALL="C")
     run(["cat", one, two], env)  # the logs into the page cache
     ratio = compare("zandolt-report merge", [program, "merge", one, two, out],
                     ["sort", "-m", one, two, "-o", out + ".sort"], args.reps, env)
-    compare("zandolt-report merge", [program, "merge", one, two, out], ["cat", one, two], args.reps, env)
+    # cat writes its copy to a file too: to /dev/null it would not even read the files.
+    compare("zandolt-report merge", [program, "merge", one, two, out], ["cat", one, two], args.reps, env,
+            out + ".cat")
 
-    server, pristine = make_names(args.dir)
+    server, pristine = make_names(work)
 
     def fresh_server():
         shutil.copyfile(pristine, os.path.join(server, "Names.txt"))
