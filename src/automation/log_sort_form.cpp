@@ -242,6 +242,15 @@ void LogSortForm::MergeLogPair()
         }
     }
 
+    if (take.from > 0 && files.size(StationLog) == take.from) {
+        // Nothing new since the lines that are merged already: only the log is left to delete.
+        if (files.remove(StationLog)) {
+            journal_.erase(station);
+            if (!journal_.save())
+                stop("write", LogMergeJournal::FileName);
+        }
+        return;
+    }
     if (!files.exists(StationLog))
         return;
     if (!files.exists(ServerLog)) {
