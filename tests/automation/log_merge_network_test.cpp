@@ -141,29 +141,6 @@ TEST_F(NetworkMerge, AMergeThatWroteNothingRestoresTheOldLogAndLeavesTheStationA
     EXPECT_FALSE(FileExists(station("st1/LogHist.txt")));
 }
 
-TEST_F(NetworkMerge, HelpShowsTheOptionsAndDoesNothingElse)
-{
-    app_->LogSortDefaults = "/?";
-    write("log.txt", LogText({s1}));
-    RunLogMerge(*app_);
-    EXPECT_EQ(prompts(), (std::vector<std::string>{" Command line defaults: \r\n/i = ignore errors\r\n/c = close "
-                                                   "automatically when done\r\nCan accept 3 files on command line\r\n"
-                                                   "FileIn1 FileIn2 FileOut\r\nor will input from drives i, j, k, "
-                                                   "l\r\nif NetList.txt exists, will use those paths for inputs\r\n"}));
-    EXPECT_FALSE(exists("logbak1.txt"));
-}
-
-TEST_F(NetworkMerge, TheMenuEntryRunsOnlyAfterYes)
-{
-    write("log.txt", LogText({s1}));
-    ui().answerMsgBox("Run LogSort to combine and sort all the log.txt files?", msgbox::No);
-    RunLogSortMenu(*app_);
-    EXPECT_FALSE(exists("logbak1.txt"));
-    ui().answerMsgBox("Run LogSort to combine and sort all the log.txt files?", msgbox::Yes);
-    RunLogSortMenu(*app_);
-    EXPECT_TRUE(exists("logbak1.txt"));
-}
-
 TEST_F(NetworkMerge, WithoutNetListAndWithoutTheFourMountsOnlyTheBackupsRotate)
 {
     for (const char* mount : {"/mnt/i", "/mnt/j", "/mnt/k", "/mnt/l"})

@@ -111,15 +111,6 @@ TEST_F(MergeTwoFilesTest, ALineWithAnEmptyKeyIsWrittenWhereItIsMetAndTheMergeEnd
     EXPECT_EQ(merge(LogText({"a, b, c,"}), LogText({"d, e, f, "})), LogText({"a, b, c,", "d, e, f, "}));
 }
 
-TEST_F(MergeTwoFilesTest, AMissingInputIsNamedAndNoOutputIsMade)
-{
-    write("IN2.TXT", LogText({a8}));
-    EXPECT_FALSE(MergeLogFiles(*app_, "NONE.TXT", "IN2.TXT", "OUT.TXT", counts));
-    ASSERT_EQ(ui().messages().size(), 1u);
-    EXPECT_EQ(ui().messages()[0].prompt, "NONE.TXT not exist");
-    EXPECT_FALSE(exists("OUT.TXT"));
-}
-
 TEST(LogSortOptionsTest, AThirdWordCountsOnlyWithAFourthBehindIt)
 {
     struct Case

@@ -208,20 +208,6 @@ TEST_F(Consolidation, TheBackupsRotateAndARowBeyondTheTableEndsTheRead)
     EXPECT_EQ(names.find("N5001,"), std::string::npos);
 }
 
-TEST_F(Consolidation, TheWindowShowsDoneAndClosesTwoSecondsLater)
-{
-    write("Names.txt", input({}));
-    ShowNamesForm(*app_);
-    NamesForm& form = app_->namesForm();
-    ASSERT_TRUE(ui().runUntil([&] { return form.StatusLabel.caption() == "Done."; }, 10000));
-    EXPECT_EQ(form.OutFileLabel.caption(), "Names.txt");
-    EXPECT_EQ(form.OutLinesLabel.caption(), "0");
-    ui().advance(1999);
-    EXPECT_TRUE(form.loaded());
-    ui().advance(1);
-    EXPECT_FALSE(form.loaded());
-}
-
 TEST_F(Consolidation, TheSortDropsNamesAlikeInAnyCaseAndRepeatedIdsBehindTheFirstRow)
 {
     app_->NamesPathFull = path("NAMES.TXT");
