@@ -34,7 +34,8 @@ std::string StationFile(const std::string& directory, const char* name)
 
 bool StationReachable(Files& files, const std::string& directory)
 {
-    const std::vector<DirEntry> entries = files.list(StationFile(directory, ""));
+    // The directory's name, too, is found without regard to case.
+    const std::vector<DirEntry> entries = files.list(files.resolve(StationFile(directory, "")));
     return std::any_of(entries.begin(), entries.end(), [](const DirEntry& e) { return !e.isDirectory; });
 }
 
