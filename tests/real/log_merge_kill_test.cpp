@@ -24,8 +24,8 @@ namespace zandolt::testing {
 namespace {
 
 constexpr int Stations = 3;
-constexpr int ServerLines = 100000; // about 10 MB, copied twice and merged thrice by every run
-constexpr int LinesPerRound = 3000;
+constexpr int ServerLines = 50000; // about 5 MB, copied twice and merged thrice by every run
+constexpr int LinesPerRound = 1000;
 constexpr int Kills = 30;
 
 // A log line of station `s` (or the server's history for -1): unique by its number, dated by it.
