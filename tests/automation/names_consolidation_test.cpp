@@ -206,6 +206,14 @@ TEST_F(Consolidation, TheBackupsRotateAndARowBeyondTheTableEndsTheRead)
     const std::string names = read("Names.txt");
     EXPECT_EQ(std::count(names.begin(), names.end(), '\n'), 2 + 5001);
     EXPECT_EQ(names.find("N5001,"), std::string::npos);
+
+    // A write that fails leaves the file as it was, and its copy in the first backup.
+    errors.clear();
+    backend_->files.failReplaces(1, FileResult::Failed);
+    consolidate();
+    EXPECT_EQ(errors.back(), "Error writing Names.txt");
+    EXPECT_EQ(read("Names.txt"), names);
+    EXPECT_EQ(read("Namebak1.txt"), names);
 }
 
 TEST_F(Consolidation, TheSortDropsNamesAlikeInAnyCaseAndRepeatedIdsBehindTheFirstRow)
