@@ -285,7 +285,7 @@ void ModForm::InsertBut_Click()
     AskClearLeave();
     // The new row goes in front of the row on show, which moves down with all below it. The move
     // starts at a fixed row, so row 4999 is lost when the table is full.
-    EditRow = static_cast<int16>(std::min<double>(Val(UserNumText.text()) - 1, app_.EmployeeCount - 1));
+    EditRow = static_cast<int16>(WholeNumberBetween(Val(UserNumText.text()) - 1, -1, app_.EmployeeCount - 1));
     if (EditRow >= 0)
         for (int i = MaxEmployeeIndex - 2; i >= EditRow; --i)
             CopyRow(app_, static_cast<size_t>(i), static_cast<size_t>(i + 1));
@@ -320,8 +320,8 @@ void ModForm::DeleteBut_Click()
 
 void ModForm::StoreRow()
 {
-    EditRow = static_cast<int16>(
-        std::clamp(static_cast<int>(Val(UserNumText.text())) - 1, 0, std::max(app_.EmployeeCount - 1, 0)));
+    EditRow =
+        static_cast<int16>(WholeNumberBetween(Val(UserNumText.text()) - 1, 0, std::max(app_.EmployeeCount - 1, 0)));
     UserNumText.setText(std::to_string(EditRow + 1));
     const auto r = static_cast<size_t>(EditRow);
 
