@@ -97,9 +97,9 @@ void ModForm::design()
     caption(UserNumLabel, UserFrame, "Line", 120, 300, 1140);
     place(UserNumText, UserFrame, 1320, 300, 780);
     place(PreviousBut, UserFrame, 2220, 300, 900);
-    PreviousBut.setCaption("< &Prev");
+    PreviousBut.setCaption("< P&rev");
     place(NextBut, UserFrame, 3180, 300, 900);
-    NextBut.setCaption("&Next >");
+    NextBut.setCaption("N&ext >");
     place(UserNumScroll, UserFrame, 5760, 300, 300, 2160);
     caption(LastNameLabel, UserFrame, "Last Name:", 120, 750, 1140);
     place(LastNameText, UserFrame, 1320, 750, 4260);
