@@ -65,8 +65,7 @@ std::optional<float> RequestedLimit(const std::string& text)
         return -1.0f;
     if (!IsNumeric(text))
         return std::nullopt;
-    const auto value = static_cast<float>(Val(text));
-    return value > 0 ? value : -1.0f;
+    return static_cast<float>(Val(text));
 }
 
 } // namespace zandolt

@@ -22,8 +22,8 @@ std::string LimitBoxText(float limit);
 // The limit that a box's text stores: the number when the whole text is one above 0; -1 for
 // anything else, "DipSw", 0, a negative number or a text that is no number.
 float StoredLimit(const std::string& text);
-// The limit that a box's text asks for when every row is to take it: -1 for "DipSw" and for a
-// number of 0 or below, the number otherwise; nothing when the text is neither.
+// The limit that a box's text asks for when every row is to take it: -1 for "DipSw", the number as
+// typed otherwise (0 or below is automatic all the same); nothing when the text is neither.
 std::optional<float> RequestedLimit(const std::string& text);
 
 } // namespace zandolt
