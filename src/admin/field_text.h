@@ -1,6 +1,6 @@
-// What the editing windows make of the texts in their boxes: blanks trimmed, commas refused (the
-// settings and names files cannot hold them), and the text forms of a resistance limit. A limit of
-// 0 or below is automatic: the tester's own DIP-switch limit is in force, shown as "DipSw".
+// What the editing windows make of the texts in their boxes: blanks trimmed, and the text forms of
+// a resistance limit. A limit of 0 or below is automatic: the tester's own DIP-switch limit is in
+// force, shown as "DipSw".
 #pragma once
 
 #include <optional>
@@ -12,8 +12,6 @@ namespace zandolt {
 std::string Trimmed(const std::string& text);
 // True when the text holds nothing but blanks.
 bool IsBlank(const std::string& text);
-// Every comma replaced by a blank; true when there was one.
-bool CommasToBlanks(std::string& text);
 
 inline const std::string DipSwText = "DipSw";
 
