@@ -288,6 +288,8 @@ void ReadIniFile(App& app)
 
     std::string text;
     const bool opened = app.files.readAll(app.IniPath, text) == FileResult::Ok;
+    if (opened)
+        app.IniEncoding = EncodingOfFile(text);
     IniItemReader reader(text);
     std::string scratch;
     bool ok = opened && reader.readLine(scratch);

@@ -3,6 +3,7 @@
 #include "app.h"
 #include "data/dates.h"
 #include "data/number_text.h"
+#include "data/text_encoding.h"
 #include "reports/individual_employee_selection_form.h"
 
 namespace zandolt {
@@ -80,9 +81,11 @@ void GetReportMonth(App& app)
 
 void GetReportWorkGroup(App& app)
 {
-    app.ReportWorkGroup = app.ui.inputBox("Please enter a work group designator of the employees to include in the "
-                                          "report, or leave blank to include all employees.",
-                                          "Work group designator", " ");
+    // Compared with the IDs as the files spell them.
+    app.ReportWorkGroup = InEncoding(app.ui.inputBox("Please enter a work group designator of the employees to "
+                                                     "include in the report, or leave blank to include all employees.",
+                                                     "Work group designator", " "),
+                                     app.NamesEncoding);
 }
 
 void GetIndividualName(App& app, bool allowAll)

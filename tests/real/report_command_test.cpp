@@ -150,13 +150,13 @@ TEST_F(ReportRun, AbsentOptionsTakeThePresentMomentAndMeanEverything)
     EXPECT_EQ(read("REPORT.TXT"), "t\r\n");
 }
 
-TEST_F(ReportRun, AnEmployeeIsTheFirstRowOfThatNameInAnyCaseButTheIndividualLogTakesTheNameAsTyped)
+TEST_F(ReportRun, AnEmployeeIsTheRowOfThatSpellingElseTheFirstInAnyCaseButTheIndividualLogTakesTheName)
 {
     ASSERT_EQ(run({"monthly", "--employee", "doe, JANE"}), ReportDone);
     EXPECT_EQ(seen.ReportEmployeeIndex, 1);
     EXPECT_EQ(seen.ReportEmployeeName, "Doe, Jane");
     ASSERT_EQ(run({"attendance", "--employee", "DOE, JANE", "--now", "2026-03-01T00:00:00"}), ReportDone);
-    EXPECT_EQ(seen.ReportEmployeeIndex, 1);
+    EXPECT_EQ(seen.ReportEmployeeIndex, 2);
     // The individual log selects lines of the log, where a former employee still stands.
     ASSERT_EQ(run({"individual", "--employee", "Gone, Long"}), ReportDone);
     EXPECT_EQ(seen.ReportEmployeeIndex, -1);
@@ -167,6 +167,15 @@ TEST_F(ReportRun, AnEmployeeIsTheFirstRowOfThatNameInAnyCaseButTheIndividualLogT
     EXPECT_EQ(runs, 0);
     EXPECT_EQ(out.str(), "");
     EXPECT_NE(err.str().find("no employee is named \"Doe, Jan\""), std::string::npos) << err.str();
+
+    // A file in Windows-1252 and a terminal in UTF-8: the name and the group are compared as the
+    // file spells them.
+    write("NAMES.TXT", "# one\r\n# two\r\nSmith, Al, A-1\r\nM\xFCller, J\xF6rg, M\xFC-7\r\n");
+    ASSERT_EQ(run({"monthly", "--employee", "M\xC3\xBCller, J\xC3\xB6rg", "--group", "M\xC3\xBC"}), ReportDone);
+    EXPECT_EQ(seen.ReportEmployeeIndex, 1);
+    EXPECT_EQ(seen.ReportWorkGroup, "M\xFC");
+    ASSERT_EQ(run({"individual", "--employee", "M\xC3\xBCller, J\xC3\xB6rg"}), ReportDone);
+    EXPECT_EQ(seen.ReportEmployeeName, "M\xFCller, J\xF6rg");
 }
 
 TEST_F(ReportRun, AGeneratorsErrorPathExitsOneWithoutPaths)

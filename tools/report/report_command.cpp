@@ -4,11 +4,11 @@
 #include "data/dates.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
+#include "data/text_encoding.h"
 #include "reports/attendance_table.h"
 #include "reports/certification_report.h"
 #include "reports/daily_logs.h"
 #include "reports/exception_reports.h"
-#include "reports/log_scan.h"
 #include "reports/monthly_report.h"
 #include "reports/vacation_report.h"
 
@@ -163,6 +163,21 @@ std::string readOption(ReportRequest& r, const std::string& option, const std::s
     return "unknown option " + option;
 }
 
+// The row of a name given on the command line, which arrives in the terminal's UTF-8: compared as
+// the employee file spells it, its exact spelling first, then without regard to case.
+int employeeRow(const App& app, const std::string& typed)
+{
+    const std::optional<std::string> name = ComparableText(typed, app.NamesEncoding);
+    if (!name)
+        return -1;
+    const auto first = app.FullName.begin(), end = first + std::max(app.EmployeeCount, 0);
+    if (const auto exact = std::find(first, end, *name); exact != end)
+        return static_cast<int>(exact - first);
+    const auto folded =
+        std::find_if(first, end, [&](const std::string& full) { return EqualIgnoringCase(full, *name); });
+    return folded == end ? -1 : static_cast<int>(folded - first);
+}
+
 } // namespace
 
 std::string ReportUsage(const std::vector<ReportKind>& kinds)
@@ -236,7 +251,7 @@ int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::os
     app.ReportDate = request.date.value_or(today);
     app.ReportStartDate = request.start.value_or(today);
     app.ReportStopDate = request.stop.value_or(today);
-    app.ReportWorkGroup = request.group.value_or("");
+    app.ReportWorkGroup = InEncoding(request.group.value_or(""), app.NamesEncoding);
     app.ExceptionStartTime = request.from.value_or(StartOfDay);
     app.ExceptionStopTime = request.to.value_or(EndOfDay);
     app.ReportEmployeeIndex = -1;
@@ -245,15 +260,9 @@ int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::os
         // The individual log picks lines by the name in the log, where a former employee still
         // stands; every other report picks a row of the table.
         if (std::string(kind.name) == "individual") {
-            app.ReportEmployeeName = *request.employee;
+            app.ReportEmployeeName = InEncoding(*request.employee, app.NamesEncoding);
         } else {
-            // The first row of that name without regard to case, as the reports find a logged name.
-            const std::string& name = *request.employee;
-            const size_t comma = name.find(", ");
-            const int row = comma == std::string::npos
-                                ? -1
-                                : EmployeeLookup(app).find(std::string_view(name).substr(0, comma),
-                                                           std::string_view(name).substr(comma + 2));
+            const int row = employeeRow(app, *request.employee);
             if (row < 0) {
                 err << "zandolt-report: no employee is named \"" << *request.employee << "\"\n\n" << ReportUsage();
                 return ReportUsageError;
