@@ -27,8 +27,9 @@ struct ReportKind
     bool workGroupStep = false;
     bool employeeStep = false;
     TimeWindow timeWindow = TimeWindow::None;
-    // The text file the generator writes.
+    // The text file the generator writes, and its comma-separated twin.
     std::string Settings::*textPath = nullptr;
+    std::string Settings::*csvPath = nullptr;
     const char* title = "";
     // The title goes on with the company name and the present date and time.
     bool stamp = false;

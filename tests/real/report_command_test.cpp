@@ -1,6 +1,7 @@
 // The report command line without its generators: what the arguments may be and what they become,
 // the report parameters a run sets from them and from the present moment, the choice of the
 // employee, and the exit codes. Stand-in generators record what they were given.
+#include "data/settings_file.h"
 #include "platform/console/console_ui.h"
 #include "report_command.h"
 #include "station/err_msg_frm.h"
@@ -31,11 +32,11 @@ bool failWithMessage(App& app)
     return false;
 }
 
-const std::vector<ReportKind> Kinds = {
-    {"monthly", recordAndWrite, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
-    {"individual", recordAndWrite, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
-    {"attendance", recordAndWrite, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
-    {"broken", failWithMessage, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
+const std::vector<ReportCommandKind> Kinds = {
+    {"monthly", recordAndWrite, &report_kinds::Monthly},
+    {"individual", recordAndWrite, &report_kinds::Individual},
+    {"attendance", recordAndWrite, &report_kinds::Attendance},
+    {"broken", failWithMessage, &report_kinds::Monthly},
 };
 
 ParsedArguments parse(std::vector<std::string> args)
@@ -169,9 +170,23 @@ TEST_F(ReportRun, AnEmployeeIsTheFirstRowOfThatNameInAnyCaseButTheIndividualLogT
     EXPECT_NE(err.str().find("no employee is named \"Doe, Jan\""), std::string::npos) << err.str();
 }
 
+TEST_F(ReportRun, EachKindWritesTheFilesOfTheStationsReportOfThatName)
+{
+    // The file names of the Reports menu's entries; the exception reports share theirs.
+    const std::vector<std::string> names{"REPORT", "EXCEPT", "EXCEPT",   "DAILY",
+                                         "INDIV",  "CERTIF", "VACATION", "ATTEND"};
+    ReadIniFile(*app_);
+    ASSERT_EQ(ReportCommandKinds().size(), names.size());
+    for (size_t k = 0; k < names.size(); ++k) {
+        const ReportKind& report = *ReportCommandKinds()[k].report;
+        EXPECT_EQ((*app_).*report.textPath, path(names[k] + ".TXT")) << ReportCommandKinds()[k].name;
+        EXPECT_EQ((*app_).*report.csvPath, path(names[k] + ".CSV")) << ReportCommandKinds()[k].name;
+    }
+}
+
 TEST_F(ReportRun, AGeneratorsErrorPathExitsOneWithoutPaths)
 {
-    EXPECT_EQ(run({"broken"}), ReportFailed);
+    EXPECT_EQ(run({"broken"}), ReportError);
     EXPECT_EQ(runs, 1);
     EXPECT_EQ(out.str(), "");
     EXPECT_EQ(ui().messages().back().prompt, " Error opening report file to write");

@@ -17,17 +17,18 @@
 
 namespace zandolt {
 
-const std::vector<ReportKind>& ReportKinds()
+const std::vector<ReportCommandKind>& ReportCommandKinds()
 {
-    static const std::vector<ReportKind> kinds = {
-        {"monthly", GenerateMonthlyReport, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
-        {"exception", GenerateExceptionReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
-        {"twice", GenerateTwiceTestedReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
-        {"daily", GenerateDailyLog, &Settings::DailyTxtPath, &Settings::DailyCsvPath},
-        {"individual", GenerateIndividualLog, &Settings::IndivTxtPath, &Settings::IndivCsvPath},
-        {"certification", GenerateCertificationReport, &Settings::CertifTxtPath, &Settings::CertifCsvPath},
-        {"vacation", GenerateVacationReport, &Settings::VacationTxtPath, &Settings::VacationCsvPath},
-        {"attendance", GenerateAttendanceTable, &Settings::AttendTxtPath, &Settings::AttendCsvPath},
+    using namespace report_kinds;
+    static const std::vector<ReportCommandKind> kinds = {
+        {"monthly", GenerateMonthlyReport, &Monthly},
+        {"exception", GenerateExceptionReport, &Exceptions},
+        {"twice", GenerateTwiceTestedReport, &ExceptionsNotTestedTwice},
+        {"daily", GenerateDailyLog, &Daily},
+        {"individual", GenerateIndividualLog, &Individual},
+        {"certification", GenerateCertificationReport, &Certification},
+        {"vacation", GenerateVacationReport, &Vacation},
+        {"attendance", GenerateAttendanceTable, &Attendance},
     };
     return kinds;
 }
@@ -119,9 +120,9 @@ bool readMoment(std::string_view text, DateTime& now)
     return true;
 }
 
-const ReportKind* findKind(const std::vector<ReportKind>& kinds, const std::string& name)
+const ReportCommandKind* findKind(const std::vector<ReportCommandKind>& kinds, const std::string& name)
 {
-    for (const ReportKind& k : kinds)
+    for (const ReportCommandKind& k : kinds)
         if (name == k.name)
             return &k;
     return nullptr;
@@ -165,15 +166,15 @@ std::string readOption(ReportRequest& r, const std::string& option, const std::s
 
 } // namespace
 
-std::string ReportUsage(const std::vector<ReportKind>& kinds)
+std::string ReportUsage(const std::vector<ReportCommandKind>& kinds)
 {
     std::string names;
-    for (const ReportKind& k : kinds)
+    for (const ReportCommandKind& k : kinds)
         names += std::string(names.empty() ? "" : ", ") + k.name;
     return UsageText + std::string("\nKIND is one of: ") + (names.empty() ? "(none in this build)" : names) + "\n";
 }
 
-ParsedArguments ParseReportArguments(const std::vector<std::string>& args, const std::vector<ReportKind>& kinds)
+ParsedArguments ParseReportArguments(const std::vector<std::string>& args, const std::vector<ReportCommandKind>& kinds)
 {
     ParsedArguments p;
     ReportRequest& r = p.request;
@@ -226,7 +227,7 @@ std::string YearAnswer(const ReportRequest& request, const DateTime& now)
 
 int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::ostream& err)
 {
-    const ReportKind& kind = *request.kind;
+    const ReportCommandKind& kind = *request.kind;
     ReadIniFile(app);
     ReadNamesFile(app);
 
@@ -264,8 +265,9 @@ int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::os
     }
 
     if (!kind.generate(app))
-        return ReportFailed;
-    out << app.files.resolve(app.*kind.textPath) << '\n' << app.files.resolve(app.*kind.csvPath) << '\n';
+        return ReportError;
+    out << app.files.resolve(app.*kind.report->textPath) << '\n'
+        << app.files.resolve(app.*kind.report->csvPath) << '\n';
     return ReportDone;
 }
 
