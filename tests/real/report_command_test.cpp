@@ -149,6 +149,9 @@ TEST_F(ReportRun, AbsentOptionsTakeThePresentMomentAndMeanEverything)
     // The two files' full paths, one a line.
     EXPECT_EQ(out.str(), path("REPORT.TXT") + "\n" + path("REPORT.CSV") + "\n");
     EXPECT_EQ(read("REPORT.TXT"), "t\r\n");
+    // A single blank is the station's way of saying every group.
+    ASSERT_EQ(run({"monthly", "--group", " "}), ReportDone);
+    EXPECT_EQ(seen.ReportWorkGroup, "");
 }
 
 TEST_F(ReportRun, AnEmployeeIsTheFirstRowOfThatNameInAnyCaseButTheIndividualLogTakesTheNameAsTyped)
@@ -196,7 +199,7 @@ TEST(ConsoleUi, MessagesGoToTheStreamAndTakeTheDefaultButton)
 {
     // The timed error window of a station is written out and closed, so that its caller goes on.
     std::ostringstream messages;
-    console::ConsoleUi ui(messages);
+    console::ConsoleUi ui(messages, "zandolt-report");
     headless::HeadlessBackend backend(TempDir().path());
     Services services = backend.services();
     App app(Services{ui, services.clock, services.serial, services.printer, services.files, services.programs,
@@ -205,7 +208,10 @@ TEST(ConsoleUi, MessagesGoToTheStreamAndTakeTheDefaultButton)
     EXPECT_FALSE(app.errMsgFrm().loaded());
     EXPECT_EQ(ui.msgBox("Reset the logging file Log.txt?", msgbox::YesNo | msgbox::Question, "Log"), msgbox::Yes);
     EXPECT_EQ(ui.msgBox(" Error opening file", msgbox::OKCancel, ""), msgbox::OK);
-    EXPECT_EQ(messages.str(), "Error reading 1 Names.txt\nLog: Reset the logging file Log.txt?\n Error opening file\n");
+    // The program's name in front, as Unix tools have it; a text that begins with a blank keeps it.
+    EXPECT_EQ(messages.str(), "zandolt-report: Error reading 1 Names.txt\n"
+                              "zandolt-report: Log: Reset the logging file Log.txt?\n"
+                              "zandolt-report: Error opening file\n");
     ui.answerInput("Year?", "2024");
     EXPECT_EQ(ui.inputBox("Year?", "Year entry", "2026"), "2024");
     EXPECT_EQ(ui.inputBox("Month?", "", "11"), "11");

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <sys/wait.h>
 
@@ -109,20 +110,33 @@ TEST_F(ReportProgram, TheAttendanceTableTakesItsYearFromTheCommandLine)
 TEST_F(ReportProgram, MessagesGoToStandardErrorAndTheExitCodeTellsTheOutcome)
 {
     // A month after the present one: the notice, taken as answered, and the year before.
+    // Each message is the station's text behind the program's name.
     EXPECT_EQ(run("monthly --now 2026-11-20T08:30:00 --month 12"), 0);
-    EXPECT_NE(err.find("The month specified is greater than this month, so will use the previous year data.\n"),
-              std::string::npos)
-        << err;
+    EXPECT_EQ(err, "zandolt-report: The month specified is greater than this month, so will use the previous year "
+                   "data.\n");
     EXPECT_EQ(out, path("REPORT.TXT") + "\n" + path("REPORT.CSV") + "\n");
     // A month of 13 passes, as at the station, and fails where the report is written.
     EXPECT_EQ(run("monthly --now 2026-11-20T08:30:00 --month 13"), 1);
-    EXPECT_NE(err.find(" Error opening report file to write\n"), std::string::npos) << err;
+    EXPECT_NE(err.find("\nzandolt-report: Error opening report file to write\n"), std::string::npos) << err;
     EXPECT_EQ(out, "");
     // A usage error says what is wrong, then how the command goes.
     EXPECT_EQ(run("monthly --month twelve"), 2);
     EXPECT_EQ(err.substr(0, err.find('\n')), "zandolt-report: --month wants a month number from 1, not \"twelve\"");
     EXPECT_NE(err.find("usage: zandolt-report KIND"), std::string::npos);
     EXPECT_EQ(out, "");
+}
+
+TEST_F(ReportProgram, ADirectoryWithoutTheStationsFilesIsSaidToBeTheWrongOne)
+{
+    // No report is made: an empty one would look like a site without employees.
+    std::filesystem::remove(path("NAMES.TXT"));
+    EXPECT_EQ(run("certification"), 1);
+    EXPECT_EQ(err, "zandolt-report: " + path("NAMES.TXT") + " is missing: is --dir the station's directory?\n");
+    EXPECT_EQ(out, "");
+    EXPECT_FALSE(FileExists(path("CERTIF.TXT")));
+    std::filesystem::remove(path("ZANDOLT.INI"));
+    EXPECT_EQ(run("certification"), 1);
+    EXPECT_EQ(err, "zandolt-report: " + path("ZANDOLT.INI") + " is missing: is --dir the station's directory?\n");
 }
 
 } // namespace

@@ -153,8 +153,8 @@ std::string readOption(ReportRequest& r, const std::string& option, const std::s
             return bad("a date MM/DD/YYYY");
         return set(option == "--date" ? r.date : option == "--start" ? r.start : r.stop, date);
     }
-    if (option == "--group")
-        return set(r.group, value);
+    if (option == "--group") // a single blank means every group, as at the station's prompt
+        return set(r.group, value == " " ? std::string() : value);
     if (option == "--employee")
         return value.empty() ? bad("a name \"Last, First\"") : set(r.employee, value);
     if (option == "--year")
@@ -228,7 +228,17 @@ std::string YearAnswer(const ReportRequest& request, const DateTime& now)
 int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::ostream& err)
 {
     const ReportCommandKind& kind = *request.kind;
+    // Without the station's files the directory is almost always the wrong one; a report of no
+    // employees would hide that.
+    const auto missing = [&err](const std::string& path) {
+        err << "zandolt-report: " << path << " is missing: is --dir the station's directory?\n";
+        return ReportError;
+    };
+    if (!app.files.exists(IniFilePath(app)))
+        return missing(IniFilePath(app));
     ReadIniFile(app);
+    if (!app.files.exists(app.NamesPathFull))
+        return missing(app.NamesPathFull);
     ReadNamesFile(app);
 
     const DateTime now = app.clock.now();
