@@ -167,10 +167,10 @@ void ReportHandler(App& app, const ReportKind& kind, const ReportGenerator& gene
     ReloadNamesIfChanged(app);
     if (!AskParameters(app, kind))
         return;
-    // A generator that failed has said so; the viewer then shows what the file holds, perhaps an
-    // older report.
-    generate(app);
-    ShowReport(app, kind);
+    // A generator that failed has said so. What it wrote before the failure is shown; an older
+    // report left in the file is not, since it would pass for this one under a fresh title.
+    if (generate(app) != ReportOutcome::Failed)
+        ShowReport(app, kind);
 }
 
 void PrintReportHandler(App& app, const ReportGenerator& generateMonthly)
@@ -180,8 +180,8 @@ void PrintReportHandler(App& app, const ReportGenerator& generateMonthly)
     ReloadNamesIfChanged(app);
     if (!AskParameters(app, report_kinds::Monthly))
         return;
-    generateMonthly(app);
-    PrintMonthlyReport(app);
+    if (generateMonthly(app) != ReportOutcome::Failed)
+        PrintMonthlyReport(app);
 }
 
 void AttendanceHandler(App& app, const ReportGenerator& generate)
@@ -193,10 +193,8 @@ void AttendanceHandler(App& app, const ReportGenerator& generate)
     GetIndividualName(app, false);
     if (app.ReportEmployeeName.empty() || app.ReportEmployeeName == " ")
         return;
-    generate(app);
-    if (app.ReportMonth == 0)
-        return;
-    ShowReport(app, report_kinds::Attendance);
+    if (generate(app) != ReportOutcome::Failed && app.ReportMonth != 0)
+        ShowReport(app, report_kinds::Attendance);
 }
 
 std::string AltViewerProgram(const std::string& altViewerPath)

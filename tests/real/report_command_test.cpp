@@ -17,19 +17,21 @@ namespace {
 ReportParameters seen;
 int runs = 0;
 
-bool recordAndWrite(App& app)
+ReportOutcome recordAndWrite(App& app)
 {
     seen = app;
     ++runs;
-    return app.files.replace(app.ReportTxtPath, "t\r\n") == FileResult::Ok &&
-           app.files.replace(app.ReportCsvPath, "c\r\n") == FileResult::Ok;
+    const bool written = app.files.replace(app.ReportTxtPath, "t\r\n") == FileResult::Ok &&
+                         app.files.replace(app.ReportCsvPath, "c\r\n") == FileResult::Ok;
+    return written ? ReportOutcome::Done : ReportOutcome::Failed;
 }
 
-bool failWithMessage(App& app)
+// An error path that has written the text: still no paths, since the report is not whole.
+ReportOutcome failWithMessage(App& app)
 {
     ++runs;
     app.ui.msgBox(" Error opening report file to write", msgbox::OKOnly, "");
-    return false;
+    return ReportOutcome::FailedWithText;
 }
 
 const std::vector<ReportCommandKind> Kinds = {

@@ -39,7 +39,7 @@ protected:
                            a.ReportWorkGroup + "|" + a.ReportEmployeeName + "|" +
                            std::to_string(a.ReportEmployeeIndex));
             write(file, "line 1\r\nline 2\r\n");
-            return true;
+            return ReportOutcome::Done;
         };
     }
     DispForm& viewer() { return app_->dispForm(); }
@@ -286,7 +286,7 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
     AttendanceHandler(*app_, [this](App& a) {
         seen.push_back(a.ReportEmployeeName + "|" + std::to_string(a.ReportEmployeeIndex));
         a.ReportMonth = 0; // the year prompt was cancelled
-        return true;
+        return ReportOutcome::Failed;
     });
     EXPECT_FALSE(allEnabled);
     EXPECT_EQ(help, "Click on the arrow and select an Employee.");
@@ -321,6 +321,33 @@ TEST_F(ReportMenu, PrintReportPrintsTheMonthlyReportAndTheSecondExceptionsEntryT
     EXPECT_EQ(app_->ReportDate, DateSerial(2026, 11, 22));
     EXPECT_EQ(viewer().TextBox1.text(), read("EXCEPT.TXT"));
     EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Exceptions Test Report");
+}
+
+TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
+{
+    // Files of an earlier run stand in the directory; there is no log.
+    write("REPORT.TXT", "old report\r\n");
+    write("DAILY.TXT", "old daily\r\n");
+    NameForm& main = app_->nameForm();
+    // The monthly report fails before it writes: no viewer, and nothing reaches the printer.
+    answerMonthAndGroup("11", "A");
+    main.mnuDisplayReport.userClick();
+    EXPECT_EQ(ui().messages().back().prompt, " Error opening Log file to read");
+    EXPECT_FALSE(viewer().loaded());
+    answerMonthAndGroup("11", "A");
+    printer().dialogCopies = 1;
+    main.mnuPrintReport.userClick();
+    EXPECT_TRUE(printer().documents().empty());
+    EXPECT_EQ(read("REPORT.TXT"), "old report\r\n");
+    // The daily log opens its two files before the log, so they are new and empty: the viewer shows
+    // the heading alone.
+    ui().answerInputBox("date of the day", "11/20/2026");
+    ui().answerInputBox("work group", "A");
+    main.mnuDaily.userClick();
+    EXPECT_EQ(ui().messages().back().prompt, " Error opening Log file to read for daily report");
+    EXPECT_EQ(read("DAILY.TXT"), "");
+    ASSERT_TRUE(viewer().visible());
+    EXPECT_EQ(viewer().TextBox1.text(), std::string(LogColumnsHeading) + "\r\n");
 }
 
 TEST_F(ReportMenu, EveryDisplayEntryShowsItsFileUnderItsTitleWithItsBatchFile)

@@ -274,7 +274,7 @@ int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::os
         }
     }
 
-    if (!kind.generate(app))
+    if (kind.generate(app) != ReportOutcome::Done)
         return ReportError;
     out << app.files.resolve(app.*kind.report->textPath) << '\n'
         << app.files.resolve(app.*kind.report->csvPath) << '\n';

@@ -22,7 +22,7 @@ class App;
 struct ReportCommandKind
 {
     const char* name;
-    bool (*generate)(App& app);
+    ReportOutcome (*generate)(App& app);
     const ReportKind* report;
 };
 
