@@ -208,9 +208,7 @@ std::string AltViewerProgram(const std::string& altViewerPath)
 bool StartAltViewer(App& app, const std::string& path)
 {
     const std::string program = AltViewerProgram(app.AltViewerPath);
-    // A program named by its path must be there; a bare name is looked up by the shell.
-    const bool present = program.find('/') == std::string::npos || app.files.exists(program);
-    if (present && app.programs.run(QuoteForShell(program) + " " + QuoteForShell(path), ""))
+    if (app.programs.start(program, {path}, ""))
         return true;
     app.ui.msgBox(" Could not find " + app.AltViewerPath +
                       ". Please check the path of the alternate viewer in the Setup General Configuration window.",
