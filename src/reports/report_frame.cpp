@@ -207,8 +207,11 @@ std::string AltViewerProgram(const std::string& altViewerPath)
 
 bool StartAltViewer(App& app, const std::string& path)
 {
-    const std::string program = AltViewerProgram(app.AltViewerPath);
-    if (app.programs.start(program, {path}, ""))
+    // An outside program knows nothing of the case-blind names: it gets each file by its own spelling.
+    std::string program = AltViewerProgram(app.AltViewerPath);
+    if (program.find('/') != std::string::npos)
+        program = app.files.resolve(program);
+    if (app.programs.start(program, {app.files.resolve(path)}, ""))
         return true;
     app.ui.msgBox(" Could not find " + app.AltViewerPath +
                       ". Please check the path of the alternate viewer in the Setup General Configuration window.",

@@ -144,7 +144,8 @@ TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
 
 TEST_F(ReportFrame, TheViewerUsesTheReportFontAndOffersTheBatchFileOnlyWhenItIsThere)
 {
-    write("Report.bat", "echo\r\n");
+    // The site's file is spelt otherwise than the hook's name; it is run by its own spelling.
+    write("REPORT.BAT", "echo\r\n");
     answerMonthAndGroup("11", "A");
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
     ASSERT_TRUE(viewer().visible());
@@ -153,7 +154,7 @@ TEST_F(ReportFrame, TheViewerUsesTheReportFontAndOffersTheBatchFileOnlyWhenItIsT
     EXPECT_TRUE(viewer().PrintViaMacroBut.visible());
     viewer().PrintViaMacroBut.userClick();
     ASSERT_EQ(backend_->programs.runs.size(), 1u);
-    EXPECT_EQ(backend_->programs.runs[0].commandLine, "sh '" + path("Report.bat") + "'");
+    EXPECT_EQ(backend_->programs.runs[0].commandLine, "sh '" + path("REPORT.BAT") + "'");
 
     // The daily log reuses the window; its batch file is not there, so its button is hidden.
     ui().answerInputBox("date of the day", "11/20/2026");
@@ -178,17 +179,19 @@ TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewer)
     EXPECT_TRUE(viewer().visible());
     EXPECT_TRUE(backend_->programs.runs.empty());
 
-    // The old platform's default viewer stands for the desktop's opener.
-    write("BIG.TXT", std::string(32001, 'x'));
+    // The old platform's default viewer stands for the desktop's opener, which is given the file
+    // by the name it has on the disk.
+    remove(path("BIG.TXT").c_str());
+    write("Big.txt", std::string(32001, 'x'));
     show();
     EXPECT_FALSE(viewer().loaded());
     ASSERT_EQ(backend_->programs.runs.size(), 1u);
-    EXPECT_EQ(backend_->programs.runs[0].commandLine, "'xdg-open' '" + path("BIG.TXT") + "'");
+    EXPECT_EQ(backend_->programs.runs[0].commandLine, "'xdg-open' '" + path("Big.txt") + "'");
 
     // A file that cannot be read asks, and OK hands it to the viewer the setting names.
     app_->AltViewerPath = "/opt/viewer";
     ui().answerMsgBox("Error opening", msgbox::OK);
-    remove(path("BIG.TXT").c_str());
+    remove(path("Big.txt").c_str());
     show();
     EXPECT_EQ(ui().messages().at(0).prompt,
               " Error opening " + path("BIG.TXT") + " . The file may be too large. Open it with the viewer?");
