@@ -107,6 +107,14 @@ TEST_F(ReportFrame, DatePromptsOfferTodayAndEndQuietlyOrWithIllegalDate)
     ReportHandler(*app_, report_kinds::Individual, generator("INDIV.TXT"));
     EXPECT_EQ(app_->ReportStopDate, 0);
     EXPECT_EQ(seen.size(), 1u);
+
+    // A desktop whose own form of 12 October cannot be read back gives no sign of writing the day
+    // first: the typed date keeps its order.
+    backend_->locale.arabicIndicDigits = true;
+    ui().answerInputBox("date of the day", "3/4/2026");
+    ui().answerInputBox("work group", "A");
+    ReportHandler(*app_, report_kinds::Certification, generator("CERTIF.TXT"));
+    EXPECT_EQ(app_->ReportDate, DateSerial(2026, 3, 4));
 }
 
 TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
