@@ -58,26 +58,19 @@ protected:
 
 TEST_F(ReportProgram, AnExceptionReportOfTheDayWithTheLocalesDatesAndItsPaths)
 {
-    // Jane has no test today and both straps required; Ed, wrist only, tested high; Rick's last
-    // test of the day is good, and his high test of yesterday does not count; the unknown name
-    // changes nothing.
+    // The rows are the generator's (tests/reports); here the C locale's long and short dates, the
+    // time span, --now, and the paths. Jane has no test today, Ed's wrist tested high.
     ASSERT_EQ(run("exception --now 2026-11-20T08:30:00 --from 7:00:00 --to 15:30:00"), 0) << err;
     EXPECT_EQ(out, path("EXCEPT.TXT") + "\n" + path("EXCEPT.CSV") + "\n");
     EXPECT_EQ(err, "");
-    EXPECT_EQ(
-        ReadTextFile(path("EXCEPT.TXT")),
-        std::string(" Demo Electronics ESD Protection Test Exception Report for Friday, November 20, 2026    as of "
-                    "11/20/2026 08:30:00\r\n"
-                    "    For Wrist strap, Left Heel, and Right Heel  from 7:0 - 15:30\r\n"
-                    " g=good, H=high, L=Low, x=not measured today, -=not assigned, S=Sick, T=Training, V=Vacation\r\n"
-                    " D=Disabled, h= Holiday, M=MiscAbs, N=NoReport, n= notTested, P=Personal, U=Unplanned, X=eXpired, "
-                    "4=4hours\r\n"
-                    "\r\n"
-                    "  #         USER             ID#           WLR\r\n") +
-            // The count in three characters and a blank, then the 39-character name column: a
-            // blank, the name, blanks to 35 less the lengths of name parts and ID, the ID, a blank.
-            "  1  Doe, Jane" + std::string(35 - 3 - 4 - 3, ' ') + "A-1 xxx\r\n" + "  2  Poe, Ed" +
-            std::string(35 - 3 - 2 - 3, ' ') + "B-3 H--\r\n");
+    const std::string text = ReadTextFile(path("EXCEPT.TXT"));
+    EXPECT_EQ(text.substr(0, text.find("\r\n  #")),
+              " Demo Electronics ESD Protection Test Exception Report for Friday, November 20, 2026    as of "
+              "11/20/2026 08:30:00\r\n"
+              "    For Wrist strap, Left Heel, and Right Heel  from 7:0 - 15:30\r\n"
+              " g=good, H=high, L=Low, x=not measured today, -=not assigned, S=Sick, T=Training, V=Vacation\r\n"
+              " D=Disabled, h= Holiday, M=MiscAbs, N=NoReport, n= notTested, P=Personal, U=Unplanned, X=eXpired, "
+              "4=4hours\r\n");
     EXPECT_EQ(ReadTextFile(path("EXCEPT.CSV")), "11/20/2026 ,   as of 11/20/2026 08:30:00\r\n"
                                                 "1, Doe, Jane, A-1, xxx\r\n"
                                                 "2, Poe, Ed, B-3, H--\r\n");
