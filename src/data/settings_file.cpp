@@ -160,7 +160,7 @@ void setDefaults(App& app)
     app.AllowOfflineTesting = 0;
 
     const std::string& dir = app.AppDir;
-    app.IniPath = dir + "ZANDOLT.INI";
+    app.IniPath = IniFilePath(app);
     app.GenReportsPath = dir + "GENREPORTS.TXT";
     app.HelpAutoGenPath = dir + "HelpAutoGen.TXT";
     app.HelpVacationPath = dir + "HelpVacation.TXT";
@@ -280,6 +280,11 @@ void DeriveSelectionSwitches(App& app)
         app.AcceptNameFlag = True;
         break;
     }
+}
+
+std::string IniFilePath(App& app)
+{
+    return trimmed(app.files.currentDirectory()) + "/ZANDOLT.INI";
 }
 
 void ReadIniFile(App& app)

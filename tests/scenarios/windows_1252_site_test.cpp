@@ -60,7 +60,7 @@ TEST_F(Windows1252Site, TypedNamesKeepTheFilesCodePageAndTheReportSeesEachPerson
     app_->ReportMonth = 11;
     app_->ReportWorkGroup = "";
     app_->ReportEmployeeIndex = -1;
-    ASSERT_TRUE(GenerateMonthlyReport(*app_));
+    ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
     // November's 30 days; tests on the 2nd (the old log line) and the 22nd (today).
     const std::string none = "---, ", good = "ggg, ";
     std::string twice, once;

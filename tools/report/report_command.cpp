@@ -17,17 +17,18 @@
 
 namespace zandolt {
 
-const std::vector<ReportKind>& ReportKinds()
+const std::vector<ReportCommandKind>& ReportCommandKinds()
 {
-    static const std::vector<ReportKind> kinds = {
-        {"monthly", GenerateMonthlyReport, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
-        {"exception", GenerateExceptionReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
-        {"twice", GenerateTwiceTestedReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
-        {"daily", GenerateDailyLog, &Settings::DailyTxtPath, &Settings::DailyCsvPath},
-        {"individual", GenerateIndividualLog, &Settings::IndivTxtPath, &Settings::IndivCsvPath},
-        {"certification", GenerateCertificationReport, &Settings::CertifTxtPath, &Settings::CertifCsvPath},
-        {"vacation", GenerateVacationReport, &Settings::VacationTxtPath, &Settings::VacationCsvPath},
-        {"attendance", GenerateAttendanceTable, &Settings::AttendTxtPath, &Settings::AttendCsvPath},
+    using namespace report_kinds;
+    static const std::vector<ReportCommandKind> kinds = {
+        {"monthly", GenerateMonthlyReport, &Monthly},
+        {"exception", GenerateExceptionReport, &Exceptions},
+        {"twice", GenerateTwiceTestedReport, &ExceptionsNotTestedTwice},
+        {"daily", GenerateDailyLog, &Daily},
+        {"individual", GenerateIndividualLog, &Individual},
+        {"certification", GenerateCertificationReport, &Certification},
+        {"vacation", GenerateVacationReport, &Vacation},
+        {"attendance", GenerateAttendanceTable, &Attendance},
     };
     return kinds;
 }
@@ -119,9 +120,9 @@ bool readMoment(std::string_view text, DateTime& now)
     return true;
 }
 
-const ReportKind* findKind(const std::vector<ReportKind>& kinds, const std::string& name)
+const ReportCommandKind* findKind(const std::vector<ReportCommandKind>& kinds, const std::string& name)
 {
-    for (const ReportKind& k : kinds)
+    for (const ReportCommandKind& k : kinds)
         if (name == k.name)
             return &k;
     return nullptr;
@@ -152,8 +153,8 @@ std::string readOption(ReportRequest& r, const std::string& option, const std::s
             return bad("a date MM/DD/YYYY");
         return set(option == "--date" ? r.date : option == "--start" ? r.start : r.stop, date);
     }
-    if (option == "--group")
-        return set(r.group, value);
+    if (option == "--group") // a single blank means every group, as at the station's prompt
+        return set(r.group, value == " " ? std::string() : value);
     if (option == "--employee")
         return value.empty() ? bad("a name \"Last, First\"") : set(r.employee, value);
     if (option == "--year")
@@ -180,15 +181,15 @@ int employeeRow(const App& app, const std::string& typed)
 
 } // namespace
 
-std::string ReportUsage(const std::vector<ReportKind>& kinds)
+std::string ReportUsage(const std::vector<ReportCommandKind>& kinds)
 {
     std::string names;
-    for (const ReportKind& k : kinds)
+    for (const ReportCommandKind& k : kinds)
         names += std::string(names.empty() ? "" : ", ") + k.name;
     return UsageText + std::string("\nKIND is one of: ") + (names.empty() ? "(none in this build)" : names) + "\n";
 }
 
-ParsedArguments ParseReportArguments(const std::vector<std::string>& args, const std::vector<ReportKind>& kinds)
+ParsedArguments ParseReportArguments(const std::vector<std::string>& args, const std::vector<ReportCommandKind>& kinds)
 {
     ParsedArguments p;
     ReportRequest& r = p.request;
@@ -241,8 +242,18 @@ std::string YearAnswer(const ReportRequest& request, const DateTime& now)
 
 int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::ostream& err)
 {
-    const ReportKind& kind = *request.kind;
+    const ReportCommandKind& kind = *request.kind;
+    // Without the station's files the directory is almost always the wrong one; a report of no
+    // employees would hide that.
+    const auto missing = [&err](const std::string& path) {
+        err << "zandolt-report: " << path << " is missing: is --dir the station's directory?\n";
+        return ReportError;
+    };
+    if (!app.files.exists(IniFilePath(app)))
+        return missing(IniFilePath(app));
     ReadIniFile(app);
+    if (!app.files.exists(app.NamesPathFull))
+        return missing(app.NamesPathFull);
     ReadNamesFile(app);
 
     const DateTime now = app.clock.now();
@@ -272,9 +283,10 @@ int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::os
         }
     }
 
-    if (!kind.generate(app))
-        return ReportFailed;
-    out << app.files.resolve(app.*kind.textPath) << '\n' << app.files.resolve(app.*kind.csvPath) << '\n';
+    if (kind.generate(app) != ReportOutcome::Done)
+        return ReportError;
+    out << app.files.resolve(app.*kind.report->textPath) << '\n'
+        << app.files.resolve(app.*kind.report->csvPath) << '\n';
     return ReportDone;
 }
 

@@ -19,9 +19,9 @@ int DefaultAnswer(int buttons)
 
 void ConsoleUi::write(const std::string& title, const std::string& text)
 {
-    if (!title.empty())
-        messages_ << title << ": ";
-    messages_ << text << '\n';
+    const std::string message = title.empty() ? text : title + ": " + text;
+    // The station's own text stays as it is; most of its messages begin with a blank already.
+    messages_ << program_ << (message.starts_with(' ') ? ":" : ": ") << message << '\n';
     messages_.flush();
 }
 

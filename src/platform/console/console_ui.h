@@ -1,7 +1,7 @@
 // The window service of a program without a window system. Nothing is drawn: every message a
-// station would show goes to an error stream as text and is answered with the box's default
-// button; an input box takes the answer set for its prompt, else its default. A modal window is
-// written out the same way and closed at once, so that a routine waiting for it goes on.
+// station would show goes to an error stream as text, behind the program's name as Unix tools write
+// theirs, and is answered with the box's default button; an input box takes the answer set for its prompt, else its
+// default. A modal window is written out the same way and closed at once, so that a routine waiting for it goes on.
 #pragma once
 
 #include "platform/ui.h"
@@ -9,13 +9,14 @@
 #include <map>
 #include <ostream>
 #include <string>
+#include <utility>
 
 namespace zandolt::console {
 
 class ConsoleUi : public Ui
 {
 public:
-    explicit ConsoleUi(std::ostream& messages) : messages_(messages) {}
+    ConsoleUi(std::ostream& messages, std::string program) : messages_(messages), program_(std::move(program)) {}
 
     // The input box whose prompt is exactly `prompt` is answered with `answer`.
     void answerInput(const std::string& prompt, const std::string& answer) { inputAnswers_[prompt] = answer; }
@@ -40,6 +41,7 @@ private:
     void write(const std::string& title, const std::string& text);
 
     std::ostream& messages_;
+    std::string program_;
     std::map<std::string, std::string> inputAnswers_;
 };
 
