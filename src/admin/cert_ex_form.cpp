@@ -97,9 +97,13 @@ void CertExForm::CertExOKBut_Click()
         (advance ? CertExEdit2 : CertExEdit1).SetFocus();
         return;
     }
+    if (PasswordRefused(app_, CertExEdit3.text(), app_.IniEncoding)) {
+        CertExEdit3.SetFocus();
+        return;
+    }
     app_.CertWarnAdvanceDays = *advance;
     app_.CertWarnIntervalDays = *interval;
-    app_.CertAccessPassword = CertExEdit3.text();
+    app_.CertAccessPassword = InEncoding(CertExEdit3.text(), app_.IniEncoding);
     app_.CertAccessMode = 0;
     if (CertExRadio1.value() == True)
         app_.CertAccessMode = 1;

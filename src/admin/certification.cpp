@@ -4,6 +4,7 @@
 #include "data/dates.h"
 #include "data/names_file.h"
 #include "data/number_text.h"
+#include "data/text_encoding.h"
 #include "station/err_msg_frm.h"
 
 namespace zandolt {
@@ -40,7 +41,7 @@ int CheckCertification(App& app)
             const std::string answer = app.ui.inputBox(
                 "Sorry, your training certification has expired.  Please see your supervisor for a password.",
                 "Enter password for expired certificates", "");
-            if (answer == app.CertAccessPassword)
+            if (InEncoding(answer, app.IniEncoding) == app.CertAccessPassword)
                 return 1;
             if (!answer.empty())
                 ShowTimedError(app, "Incorrect password");

@@ -5,6 +5,7 @@
 #include "app.h"
 #include "data/number_text.h"
 #include "data/settings_file.h"
+#include "data/storable_text.h"
 #include "station/name_form.h"
 
 #include <algorithm>
@@ -147,10 +148,9 @@ void Configform::ChangeFontNameBut_Click()
 
 void Configform::OKBut_Click()
 {
-    // The settings file cannot hold a comma inside a value.
     const auto withoutCommas = [this](const std::string& typed, const char* what) {
         std::string text = typed;
-        if (CommasToBlanks(text))
+        if (MakeStorable(text, app_.IniEncoding))
             app_.ui.msgBox(std::string("Sorry, commas are not allowed in the ") + what + ".", msgbox::OKOnly, "");
         return text;
     };
@@ -160,7 +160,7 @@ void Configform::OKBut_Click()
     if (IsNumeric(PrinterFontSizeTextBox.text()))
         app_.PrinterFontSize = static_cast<float>(Val(PrinterFontSizeTextBox.text()));
     std::string fontName = PrinterFontNameLabel.caption();
-    CommasToBlanks(fontName);
+    MakeStorable(fontName, app_.IniEncoding);
     if (!IsBlank(fontName))
         app_.PrinterFontName = fontName;
     app_.IgnoreWorkgroup = withoutCommas(IgnoreWorkGroupTextBox.text(), "workgroup to ignore");

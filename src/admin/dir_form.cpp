@@ -4,6 +4,7 @@
 #include "app.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
+#include "data/storable_text.h"
 
 namespace zandolt {
 
@@ -82,7 +83,7 @@ void DirForm::OKBut_Click()
     bool comma = false;
     for (size_t i = 0; i < 4; ++i) {
         std::string typed = boxes[i]->text();
-        comma = CommasToBlanks(typed) || comma;
+        comma = MakeStorable(typed, app_.IniEncoding) || comma;
         *settings[i] = DirectorySetting(typed);
     }
     if (comma)

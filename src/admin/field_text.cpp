@@ -1,24 +1,9 @@
 #include "admin/field_text.h"
 
 #include "data/number_text.h"
+#include "data/text_encoding.h"
 
 namespace zandolt {
-
-namespace {
-
-bool sameTextIgnoringCase(const std::string& a, const std::string& b)
-{
-    if (a.size() != b.size())
-        return false;
-    for (size_t i = 0; i < a.size(); ++i) {
-        const auto fold = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-        if (fold(a[i]) != fold(b[i]))
-            return false;
-    }
-    return true;
-}
-
-} // namespace
 
 std::string Trimmed(const std::string& text)
 {
@@ -31,17 +16,6 @@ std::string Trimmed(const std::string& text)
 bool IsBlank(const std::string& text)
 {
     return text.find_first_not_of(' ') == std::string::npos;
-}
-
-bool CommasToBlanks(std::string& text)
-{
-    bool found = false;
-    for (char& c : text)
-        if (c == ',') {
-            c = ' ';
-            found = true;
-        }
-    return found;
 }
 
 std::string LimitBoxText(float limit)
@@ -61,12 +35,11 @@ float StoredLimit(const std::string& text)
 
 std::optional<float> RequestedLimit(const std::string& text)
 {
-    if (sameTextIgnoringCase(Trimmed(text), DipSwText))
+    if (EqualIgnoringCase(Trimmed(text), DipSwText))
         return -1.0f;
     if (!IsNumeric(text))
         return std::nullopt;
-    const auto value = static_cast<float>(Val(text));
-    return value > 0 ? value : -1.0f;
+    return static_cast<float>(Val(text));
 }
 
 } // namespace zandolt

@@ -1,6 +1,6 @@
-// What the editing windows make of the texts in their boxes: blanks trimmed, commas refused (the
-// settings and names files cannot hold them), and the text forms of a resistance limit. A limit of
-// 0 or below is automatic: the tester's own DIP-switch limit is in force, shown as "DipSw".
+// What the editing windows make of the texts in their boxes: blanks trimmed, and the text forms of
+// a resistance limit. A limit of 0 or below is automatic: the tester's own DIP-switch limit is in
+// force, shown as "DipSw".
 #pragma once
 
 #include <optional>
@@ -12,8 +12,6 @@ namespace zandolt {
 std::string Trimmed(const std::string& text);
 // True when the text holds nothing but blanks.
 bool IsBlank(const std::string& text);
-// Every comma replaced by a blank; true when there was one.
-bool CommasToBlanks(std::string& text);
 
 inline const std::string DipSwText = "DipSw";
 
@@ -22,8 +20,8 @@ std::string LimitBoxText(float limit);
 // The limit that a box's text stores: the number when the whole text is one above 0; -1 for
 // anything else, "DipSw", 0, a negative number or a text that is no number.
 float StoredLimit(const std::string& text);
-// The limit that a box's text asks for when every row is to take it: -1 for "DipSw" and for a
-// number of 0 or below, the number otherwise; nothing when the text is neither.
+// The limit that a box's text asks for when every row is to take it: -1 for "DipSw", the number as
+// typed otherwise (0 or below is automatic all the same); nothing when the text is neither.
 std::optional<float> RequestedLimit(const std::string& text);
 
 } // namespace zandolt

@@ -4,6 +4,7 @@
 #include "app.h"
 #include "data/dates.h"
 #include "data/names_file.h"
+#include "data/text_encoding.h"
 #include "reports/disp_form.h"
 
 #include <cstdio>
@@ -36,9 +37,12 @@ bool PaintLeaveRange(App& app, std::string& attendance, const std::string& statu
     Date stop = FixDateCentury(app, typedStop);
     if (stop < start)
         stop = start;
-    // Only the day of the year counts: a range across the year's end paints nothing.
-    if (!status.empty())
-        PaintAttendance(attendance, status[0], DayOfYear(start), DayOfYear(stop));
+    // A blank status paints nothing, and nor does a letter of more than one byte: the attendance
+    // string holds a byte a day. Only the day of the year counts, so a range across the year's end
+    // paints nothing either.
+    const std::string letter = Trimmed(status);
+    if (!letter.empty() && FirstCharacter(letter, app.NamesEncoding).size() == 1)
+        PaintAttendance(attendance, letter[0], DayOfYear(start), DayOfYear(stop));
     return true;
 }
 
@@ -47,7 +51,7 @@ void StoreLeave(App& app, int row, const std::string& status, const std::string&
 {
     const auto r = static_cast<size_t>(row);
     const Date today = TodayDate(app.clock.now());
-    app.LeaveStatus[r] = IsBlank(status) ? "A" : status;
+    app.LeaveStatus[r] = IsBlank(status) ? "A" : Trimmed(status);
     const Date start = ReadTypedDate(app, startText);
     const Date stop = ReadTypedDate(app, stopText);
     app.LeaveStart[r] = start != 0 ? FixDateCentury(app, start) : today;

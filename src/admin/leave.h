@@ -31,7 +31,8 @@ inline constexpr int LeaveLetterCount = sizeof LeaveLetters / sizeof LeaveLetter
 // lies before its start paints nothing.
 void PaintAttendance(std::string& attendance, char letter, int fromDay, int toDay);
 // What the Update button does: the typed range, by day of the year, painted with the first letter
-// of the status into the working copy. False, after a message, when a date is no date.
+// of the status (as the file stores it) into the working copy. False, after a message, when a date
+// is no date.
 bool PaintLeaveRange(App& app, std::string& attendance, const std::string& status, const std::string& startText,
                      const std::string& stopText);
 // Stores the leave of a row: the status ("A" when blank), the two dates (today when no date) and

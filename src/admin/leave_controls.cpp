@@ -3,6 +3,7 @@
 #include "admin/leave.h"
 #include "app.h"
 #include "data/dates.h"
+#include "data/storable_text.h"
 
 namespace zandolt {
 
@@ -68,7 +69,7 @@ void LeaveControls::wire(App& app, std::string& attendance, const int16& row)
         };
     }
     UseBut.Click = [this, &app, &attendance] {
-        PaintLeaveRange(app, attendance, StatusText.text(), StatusStartDateText.text(), StatusStopDateText.text());
+        PaintLeaveRange(app, attendance, StorableStatus(app), StatusStartDateText.text(), StatusStopDateText.text());
     };
     SummaryBut.Click = [&app, &attendance, &row] { ShowLeaveSummary(app, row, attendance); };
 }
@@ -86,6 +87,15 @@ void LeaveControls::SetLeaveDatesToday(App& app)
     const std::string today = ShortDateText(app, TodayDate(app.clock.now()));
     StatusStartDateText.setText(today);
     StatusStopDateText.setText(today);
+}
+
+std::string LeaveControls::StorableStatus(App& app)
+{
+    std::string status = StatusText.text();
+    if (MakeStorable(status, app.NamesEncoding))
+        app.ui.msgBox("Sorry, commas are not allowed in the status.", msgbox::OKOnly, "");
+    StatusText.setText(status);
+    return status;
 }
 
 } // namespace zandolt

@@ -43,6 +43,9 @@ public:
     void show(App& app, int row);
     // Both date boxes take today's date.
     void SetLeaveDatesToday(App& app);
+    // The status as the employee file may store it; a comma is refused with a message and the box
+    // shows the blank that took its place.
+    std::string StorableStatus(App& app);
 
     static constexpr int Width = 6180;
     static constexpr int Height = 2640;

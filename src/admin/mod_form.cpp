@@ -6,6 +6,7 @@
 #include "data/dates.h"
 #include "data/names_file.h"
 #include "data/number_text.h"
+#include "data/storable_text.h"
 
 #include <algorithm>
 
@@ -97,9 +98,9 @@ void ModForm::design()
     caption(UserNumLabel, UserFrame, "Line", 120, 300, 1140);
     place(UserNumText, UserFrame, 1320, 300, 780);
     place(PreviousBut, UserFrame, 2220, 300, 900);
-    PreviousBut.setCaption("< &Prev");
+    PreviousBut.setCaption("< P&rev");
     place(NextBut, UserFrame, 3180, 300, 900);
-    NextBut.setCaption("&Next >");
+    NextBut.setCaption("N&ext >");
     place(UserNumScroll, UserFrame, 5760, 300, 300, 2160);
     caption(LastNameLabel, UserFrame, "Last Name:", 120, 750, 1140);
     place(LastNameText, UserFrame, 1320, 750, 4260);
@@ -210,23 +211,28 @@ void ModForm::ShowRow()
     EditAttendance = app_.Attendance[r];
 }
 
+std::string ModForm::Typed(const TextBox& box) const
+{
+    return InEncoding(box.text(), app_.NamesEncoding);
+}
+
 void ModForm::AskApplyChanges()
 {
     if (EditRow < 0 || EditRow > app_.EmployeeCount)
         return;
     const auto r = static_cast<size_t>(EditRow);
-    const std::string id = IsBlank(GroupText.text()) ? IDText.text() : GroupText.text() + "-" + IDText.text();
-    const std::string& type = CertificationTypeText.text();
+    const std::string id = IsBlank(GroupText.text()) ? Typed(IDText) : Typed(GroupText) + "-" + Typed(IDText);
+    const std::string type = Typed(CertificationTypeText);
     // The dates are not compared: a changed date alone asks nothing.
     const bool differs =
-        LastNameText.text() != app_.LastName[r] || FirstNameText.text() != app_.FirstName[r] || id != app_.IDNum[r] ||
-        BadgeText.text() != app_.BadgeNum[r] || LimitDiffers(WristLoText.text(), app_.WristMin[r]) ||
+        Typed(LastNameText) != app_.LastName[r] || Typed(FirstNameText) != app_.FirstName[r] || id != app_.IDNum[r] ||
+        Typed(BadgeText) != app_.BadgeNum[r] || LimitDiffers(WristLoText.text(), app_.WristMin[r]) ||
         LimitDiffers(WristHiText.text(), app_.WristMax[r]) || LimitDiffers(FootLoText.text(), app_.FootMin[r]) ||
         LimitDiffers(FootHiText.text(), app_.FootMax[r]) ||
         CheckTruth(WristCheck) != (app_.WristEnable[r] != 0 ? True : False) ||
         CheckTruth(FootCheck) != (app_.FootEnable[r] != 0 ? True : False) ||
-        leave.StatusText.text() != app_.LeaveStatus[r] || EditAttendance != app_.Attendance[r] ||
-        type.substr(0, std::min<size_t>(type.size(), 1)) != app_.CertType[r];
+        Typed(leave.StatusText) != app_.LeaveStatus[r] || EditAttendance != app_.Attendance[r] ||
+        FirstCharacter(type, app_.NamesEncoding) != app_.CertType[r];
     if (differs && app_.ui.msgBox("Apply data modifications? (The Modify button has not been clicked.)", msgbox::YesNo,
                                   "") == msgbox::Yes)
         ModifyBut_Click();
@@ -247,7 +253,7 @@ void ModForm::ModifyBut_Click()
     // Stand on the file's latest state before this row is stored over it.
     ReadNamesFile(app_);
     const auto r = static_cast<size_t>(EditRow);
-    if ((LastNameText.text() != app_.LastName[r] || FirstNameText.text() != app_.FirstName[r]) &&
+    if ((Typed(LastNameText) != app_.LastName[r] || Typed(FirstNameText) != app_.FirstName[r]) &&
         app_.ui.msgBox("Do you want to modify " + app_.FirstName[r] + " " + app_.LastName[r], msgbox::YesNo, "") !=
             msgbox::Yes) {
         Unload();
@@ -285,7 +291,7 @@ void ModForm::InsertBut_Click()
     AskClearLeave();
     // The new row goes in front of the row on show, which moves down with all below it. The move
     // starts at a fixed row, so row 4999 is lost when the table is full.
-    EditRow = static_cast<int16>(std::min<double>(Val(UserNumText.text()) - 1, app_.EmployeeCount - 1));
+    EditRow = static_cast<int16>(WholeNumberBetween(Val(UserNumText.text()) - 1, -1, app_.EmployeeCount - 1));
     if (EditRow >= 0)
         for (int i = MaxEmployeeIndex - 2; i >= EditRow; --i)
             CopyRow(app_, static_cast<size_t>(i), static_cast<size_t>(i + 1));
@@ -320,20 +326,18 @@ void ModForm::DeleteBut_Click()
 
 void ModForm::StoreRow()
 {
-    EditRow = static_cast<int16>(
-        std::clamp(static_cast<int>(Val(UserNumText.text())) - 1, 0, std::max(app_.EmployeeCount - 1, 0)));
+    EditRow =
+        static_cast<int16>(WholeNumberBetween(Val(UserNumText.text()) - 1, 0, std::max(app_.EmployeeCount - 1, 0)));
     UserNumText.setText(std::to_string(EditRow + 1));
     const auto r = static_cast<size_t>(EditRow);
 
-    // The employee file cannot hold a comma inside a field.
     bool comma = false;
     for (TextBox* box :
          {&LastNameText, &FirstNameText, &GroupText, &IDText, &BadgeText, &leave.StatusText, &CertificationTypeText}) {
         std::string text = box->text();
-        if (CommasToBlanks(text)) {
-            box->setText(text);
+        if (MakeStorable(text, app_.NamesEncoding))
             comma = true;
-        }
+        box->setText(text);
     }
     if (comma)
         app_.ui.msgBox("Sorry, commas are not allowed in the employee's data. They were replaced by blanks.",
@@ -364,7 +368,7 @@ void ModForm::StoreRow()
                leave.StatusStopDateText.text(), EditAttendance);
 
     const std::string type = Trimmed(CertificationTypeText.text());
-    app_.CertType[r] = type.empty() ? "1" : type.substr(0, 1);
+    app_.CertType[r] = type.empty() ? "1" : std::string(FirstCharacter(type, app_.NamesEncoding));
     const Date typedExpiry = ReadTypedDate(app_, CertificationDateText.text());
     if (typedExpiry != 0) {
         const Date expiry = FixDateCentury(app_, typedExpiry);

@@ -59,6 +59,8 @@ private:
     // The scroll bar's range and position after the table changed size.
     void SyncScroll();
     void AskClearLeave();
+    // A box's text in the employee file's encoding, as it compares with the table.
+    std::string Typed(const TextBox& box) const;
 
     App& app_;
 };

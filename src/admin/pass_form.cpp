@@ -1,6 +1,7 @@
 #include "admin/pass_form.h"
 
 #include "app.h"
+#include "data/text_encoding.h"
 
 namespace zandolt {
 
@@ -37,7 +38,9 @@ void PassForm::design()
 
 void PassForm::wire()
 {
-    PassEdit.Change = [this] { app_.EnteredPassword = PassEdit.text(); };
+    // The administrator's and the shared passwords stand in the settings file, and are compared
+    // as it spells them.
+    PassEdit.Change = [this] { app_.EnteredPassword = InEncoding(PassEdit.text(), app_.IniEncoding); };
     PassEdit.KeyPress = [this](int& keyAscii) {
         if (keyAscii == keys::Return) {
             keyAscii = 0;

@@ -4,6 +4,7 @@
 #include "app.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
+#include "data/storable_text.h"
 #include "station/name_form.h"
 #include "station/rs232_form.h"
 
@@ -24,6 +25,14 @@ void restartExpiry(App& app)
 }
 
 } // namespace
+
+bool PasswordRefused(App& app, std::string password, TextEncoding file)
+{
+    if (!MakeStorable(password, file))
+        return false;
+    app.ui.msgBox("Sorry, commas are not allowed in passwords.", msgbox::OKOnly, "");
+    return true;
+}
 
 int16 CheckPassWord(App& app)
 {
@@ -65,7 +74,7 @@ void ChangeAdminPassword(App& app)
         if (kept == CancelMarker)
             return;
         const std::string confirmed = AskPassword(app, "Confirm the new administrator password.");
-        if (confirmed == kept)
+        if (confirmed == kept && !PasswordRefused(app, kept, app.IniEncoding))
             break;
         if (confirmed == CancelMarker)
             return;
@@ -87,7 +96,7 @@ void ChangeEmployeePassword(App& app)
         if (kept == CancelMarker)
             break;
         const std::string confirmed = AskPassword(app, "Confirm the new Employee password.");
-        if (confirmed == kept) {
+        if (confirmed == kept && !PasswordRefused(app, kept, app.IniEncoding)) {
             app.VacationPassword = kept;
             app.EnteredPassword = app.AdminPassword;
             SaveIniFile(app);
@@ -112,7 +121,7 @@ bool AskEmployeeTestPassword(App& app)
         const std::string answer = AskPassword(app, prompt);
         // This prompt leaves the administrator gate as it was.
         app.EnteredPassword = kept;
-        if (answer == app.EmpPassword[static_cast<size_t>(row)])
+        if (InEncoding(answer, app.NamesEncoding) == app.EmpPassword[static_cast<size_t>(row)])
             return true;
         if (answer == CancelMarker)
             return false;
@@ -135,9 +144,9 @@ void ChangeEmployeeTestPassword(App& app)
             break;
         const std::string confirmed = AskPassword(app, "Confirm the new Employee test password.");
         app.EnteredPassword = kept;
-        if (confirmed == first) {
+        if (confirmed == first && !PasswordRefused(app, first, app.NamesEncoding)) {
             const size_t row = static_cast<size_t>(app.CurrentEmployee);
-            app.EmpPassword[row] = first;
+            app.EmpPassword[row] = InEncoding(first, app.NamesEncoding);
             app.UpdateFlag[row] = True;
             SaveNamesFile(app);
             // The read leaves CurrentEmployee at 0, and the test window goes on with that row.

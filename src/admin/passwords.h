@@ -2,7 +2,10 @@
 // employee password, and the employee's own test password.
 #pragma once
 
+#include "data/text_encoding.h"
 #include "data/types.h"
+
+#include <string>
 
 namespace zandolt {
 
@@ -23,5 +26,8 @@ int16 AskVacationPassword(App& app);
 bool AskEmployeeTestPassword(App& app);
 // Lets the employee in CurrentEmployee set the own test password from the test window.
 void ChangeEmployeeTestPassword(App& app);
+// A new password goes into a comma-separated file of the given encoding, which cannot hold a comma
+// or a line end: true, after a message, when the password holds one, and the caller asks again.
+bool PasswordRefused(App& app, std::string password, TextEncoding file);
 
 } // namespace zandolt

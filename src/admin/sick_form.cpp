@@ -1,6 +1,5 @@
 #include "admin/sick_form.h"
 
-#include "admin/field_text.h"
 #include "admin/leave.h"
 #include "admin/passwords.h"
 #include "app.h"
@@ -65,11 +64,7 @@ void SickForm::Form_Load()
 
 void SickForm::OKBut_Click()
 {
-    std::string status = leave.StatusText.text();
-    if (CommasToBlanks(status)) {
-        app_.ui.msgBox("Sorry, commas are not allowed in the status.", msgbox::OKOnly, "");
-        leave.StatusText.setText(status);
-    }
+    const std::string status = leave.StorableStatus(app_);
     // Take in what other stations changed before this row is stored over it.
     ReadNamesFile(app_);
     StoreLeave(app_, LeaveRow, status, leave.StatusStartDateText.text(), leave.StatusStopDateText.text(),

@@ -3,6 +3,7 @@
 #include "app.h"
 #include "data/dates.h"
 #include "data/names_file.h"
+#include "data/storable_text.h"
 #include "station/err_msg_frm.h"
 #include "station/rs232_form.h"
 
@@ -57,11 +58,10 @@ void saveAndReread(App& app)
 
 } // namespace
 
-NameParts SplitNameAnswer(const std::string& answer)
+NameParts SplitNameAnswer(const std::string& answer, TextEncoding file)
 {
-    // The employee file separates its fields by commas, so a name can't hold one.
     std::string t = answer;
-    std::replace(t.begin(), t.end(), ',', ' ');
+    MakeStorable(t, file);
     t = trimBlanks(t);
     const size_t blank = t.rfind(' ');
     if (blank == std::string::npos)
@@ -69,13 +69,14 @@ NameParts SplitNameAnswer(const std::string& answer)
     return {trimBlanks(t.substr(0, blank)), trimBlanks(t.substr(blank + 1))};
 }
 
-int AddUnknownEmployee(App& app, const std::string& badge)
+int AddUnknownEmployee(App& app, const std::string& typedBadge)
 {
+    // A badge with a comma can't be stored in the employee file: it is not enrolled.
+    if (app.AddUnknownFlag == 0 || typedBadge.find(',') != std::string::npos)
+        return -1;
+    const std::string badge = InEncoding(typedBadge, app.NamesEncoding);
     NameParts n{"Number", badge};
     std::string name = n.last + ", " + n.first;
-    // A badge with a comma can't be stored in the employee file: it is not enrolled.
-    if (app.AddUnknownFlag == 0 || badge.find(',') != std::string::npos)
-        return -1;
     if (app.ui.msgBox("The badge number " + badge + " was not found.\nAdd it to the list?", msgbox::YesNo, "") !=
         msgbox::Yes)
         return -1;
@@ -85,7 +86,7 @@ int AddUnknownEmployee(App& app, const std::string& badge)
             app.ui.msgBox("No name was entered.", msgbox::OKOnly, "");
             return -1;
         }
-        n = SplitNameAnswer(answer);
+        n = SplitNameAnswer(answer, app.NamesEncoding);
     }
     n.first = trimBlanks(n.first);
     n.last = trimBlanks(n.last);
@@ -124,7 +125,7 @@ int AddUnknownEmployee(App& app, const std::string& badge)
     const int row = app.EmployeeCount - 1;
     const size_t r = static_cast<size_t>(row);
     startAsNewPerson(app, r, n);
-    app.IDNum[r] = app.DefaultWorkGroup + "-" + badge;
+    app.IDNum[r] = InEncoding(app.DefaultWorkGroup, app.NamesEncoding) + "-" + badge;
     app.BadgeNum[r] = badge;
     app.WristMin[r] = app.DefaultWristMin;
     saveAndReread(app);
@@ -144,7 +145,7 @@ void CancelButton_KeyDown(App& app)
         app.ui.msgBox("No name was entered.", msgbox::OKOnly, "");
         return endVisit();
     }
-    const NameParts n = SplitNameAnswer(answer);
+    const NameParts n = SplitNameAnswer(answer, app.NamesEncoding);
     if (n.first.empty()) {
         ShowTimedError(app, "No first name found in " + answer, 2);
         return endVisit();

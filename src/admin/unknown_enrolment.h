@@ -2,6 +2,8 @@
 // a known name taking over a new badge, and the renaming of the employee in the test window.
 #pragma once
 
+#include "data/text_encoding.h"
+
 #include <string>
 
 namespace zandolt {
@@ -19,14 +21,14 @@ constexpr int AllowBadgeTakeOver = 8;
 // The question of the name, for a new badge and for a rename.
 extern const char* const NewNamePrompt;
 
-// A typed name split at its last blank, both parts trimmed: "Mary Ann Smith" gives the first name
-// "Mary Ann" and the last name "Smith"; a name of one word is a last name alone. Commas, which
-// the employee file can't hold, count as blanks.
+// A typed name split at its last blank, both parts trimmed and in the employee file's encoding:
+// "Mary Ann Smith" gives the first name "Mary Ann" and the last name "Smith"; a name of one word is
+// a last name alone. Commas, which the employee file can't hold, count as blanks.
 struct NameParts
 {
     std::string first, last;
 };
-NameParts SplitNameAnswer(const std::string& answer);
+NameParts SplitNameAnswer(const std::string& answer, TextEncoding file = TextEncoding::Utf8);
 
 // Asks whether the unknown badge is to be added and, as AddUnknownFlag allows, for the name; then
 // makes the new row (or gives an existing name the badge) and saves the employee file. Returns the

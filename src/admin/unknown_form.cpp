@@ -5,9 +5,8 @@
 #include "app.h"
 #include "data/number_text.h"
 #include "data/settings_file.h"
+#include "data/storable_text.h"
 #include "station/name_form.h"
-
-#include <algorithm>
 
 namespace zandolt {
 
@@ -158,12 +157,14 @@ void UnKnowFo::OkBut_Click()
         flag |= enrol::Allowed;
     app_.AddUnknownFlag = static_cast<int16>(flag);
 
-    app_.DefaultWorkGroup = WorkGroupText.text();
-    // The settings file separates its fields by commas, so the message can't hold one.
+    // The work group also becomes the front of every enrolled ID in the employee file.
+    std::string group = WorkGroupText.text();
+    if (MakeStorable(group, app_.IniEncoding))
+        app_.ui.msgBox("Sorry, commas are not allowed in the work group prefix.", msgbox::OKOnly, "");
+    app_.DefaultWorkGroup = group;
     std::string message = UnknownIDmessageText.text();
-    if (message.find(',') != std::string::npos)
+    if (MakeStorable(message, app_.IniEncoding))
         app_.ui.msgBox("Sorry, commas are not allowed in the unknown id message.", msgbox::OKOnly, "");
-    std::replace(message.begin(), message.end(), ',', ' ');
     app_.UnknownIdMessage = message;
 
     app_.DefaultWristMin = limitFrom(WristLoText.text());

@@ -319,6 +319,10 @@ bool LogSortForm::mergeInto(const std::string& output, StationTake* take)
                  app_.ui.doEvents();
              });
     merged = merged && out->finish();
+    // A merge that broke off leaves no output: half a log in the place of the whole would be taken
+    // for it.
+    if (!merged && out->placed())
+        files.remove(output);
     showCounts();
     app_.ui.doEvents();
     return merged;

@@ -1,6 +1,7 @@
 // The employee table: parallel columns indexed by the row number, 0 to MaxEmployeeIndex.
 #pragma once
 
+#include "data/text_encoding.h"
 #include "data/types.h"
 
 #include <string>
@@ -31,6 +32,8 @@ struct EmployeeTable
     int EmployeeCount = 0;
     int16 CurrentEmployee = 0;
     std::string NamesFileDate;
+    // The encoding of the employee file as last read; typed text is stored and compared in it.
+    TextEncoding NamesEncoding = TextEncoding::Utf8;
     int16 NamesErrorShownFlag = 0;
 };
 

@@ -80,6 +80,7 @@ void ReadNamesFile(App& app)
         yield(app, ReadYields);
     }
 
+    app.NamesEncoding = EncodingOfFile(text);
     size_t pos = 0;
     if (!skipLine(text, pos) || !skipLine(text, pos)) {
         ShowTimedError(app, "Error reading 1 Names.txt", 4);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 
 namespace zandolt {
 
@@ -141,10 +142,27 @@ bool IsNumeric(const std::string& text)
     return i == t.size();
 }
 
+// A typed "1e30" or "-99999" reaches these, and converting a value that the integer type cannot
+// hold is undefined: the value is held in range before it is converted.
 long long RoundHalfEven(double value)
 {
-    double r = std::nearbyint(value); // the default rounding mode is to nearest, ties to even
+    if (std::isnan(value))
+        return 0;
+    const double r = std::nearbyint(value); // the default rounding mode is to nearest, ties to even
+    if (r >= 0x1p63)
+        return std::numeric_limits<long long>::max();
+    if (r < -0x1p63)
+        return std::numeric_limits<long long>::min();
     return static_cast<long long>(r);
+}
+
+int WholeNumberBetween(double value, int lo, int hi)
+{
+    if (!(value >= lo))
+        return lo;
+    if (value >= hi)
+        return hi;
+    return static_cast<int>(value);
 }
 
 std::string FormatMegohms(float value)

@@ -22,8 +22,11 @@ double Val(const std::string& text);
 // True when the whole text, blanks around it allowed, is one number.
 bool IsNumeric(const std::string& text);
 
-// Rounds half to even, as the whole-number conversions of the system did.
+// Rounds half to even, as the whole-number conversions of the system did. A value beyond the range
+// of the result gives its nearest end, and no number (NaN) gives 0.
 long long RoundHalfEven(double value);
+// A typed number as a whole number from lo to hi, its fraction cut off; no number (NaN) gives lo.
+int WholeNumberBetween(double value, int lo, int hi);
 // The same for a 16-bit whole number: nothing when the rounded value is outside 16 bits.
 inline std::optional<int16> RoundToInt16(double value)
 {

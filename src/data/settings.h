@@ -2,6 +2,7 @@
 // built from the directories. The names are those of the settings file's lines.
 #pragma once
 
+#include "data/text_encoding.h"
 #include "data/types.h"
 
 #include <string>
@@ -74,6 +75,9 @@ struct Settings
     std::string ReportTxtDir;              // 48
     std::string ReportCsvDir;              // 49
     int16 AllowOfflineTesting = 0;         // 50
+
+    // The encoding of ZANDOLT.INI as last read; typed settings are stored in it.
+    TextEncoding IniEncoding = TextEncoding::Utf8;
 
     // Derived from EmployeeSelectionType.
     int16 AcceptIdFlag = 0;

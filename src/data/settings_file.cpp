@@ -160,7 +160,7 @@ void setDefaults(App& app)
     app.AllowOfflineTesting = 0;
 
     const std::string& dir = app.AppDir;
-    app.IniPath = dir + "ZANDOLT.INI";
+    app.IniPath = IniFilePath(app);
     app.GenReportsPath = dir + "GENREPORTS.TXT";
     app.HelpAutoGenPath = dir + "HelpAutoGen.TXT";
     app.HelpVacationPath = dir + "HelpVacation.TXT";
@@ -282,12 +282,19 @@ void DeriveSelectionSwitches(App& app)
     }
 }
 
+std::string IniFilePath(App& app)
+{
+    return trimmed(app.files.currentDirectory()) + "/ZANDOLT.INI";
+}
+
 void ReadIniFile(App& app)
 {
     setDefaults(app);
 
     std::string text;
     const bool opened = app.files.readAll(app.IniPath, text) == FileResult::Ok;
+    if (opened)
+        app.IniEncoding = EncodingOfFile(text);
     IniItemReader reader(text);
     std::string scratch;
     bool ok = opened && reader.readLine(scratch);

@@ -2,6 +2,8 @@
 // start and rewritten whole by the windows that change a setting.
 #pragma once
 
+#include <string>
+
 namespace zandolt {
 
 class App;
@@ -10,6 +12,8 @@ class App;
 // the paths. A missing or short file (fewer than seven lines) is told in a message box and leaves
 // the directories and the paths built from them blank.
 void ReadIniFile(App& app);
+// The settings file of the program directory.
+std::string IniFilePath(App& app);
 // Writes all fifty lines from memory.
 void SaveIniFile(App& app);
 // The identification switches that follow from EmployeeSelectionType; type 0 leaves them alone.

@@ -55,13 +55,13 @@ std::string TwoDigits(int n)
 
 } // namespace
 
-bool GenerateAttendanceTable(App& app)
+ReportOutcome GenerateAttendanceTable(App& app)
 {
     const DateTime now = app.clock.now();
     const long long year = RoundHalfEven(Val(app.ui.inputBox("Year?", "Year entry", std::to_string(now.year))));
     if (year == 0) {
         app.ReportMonth = 0;
-        return false;
+        return ReportOutcome::Failed;
     }
     app.ReportMonth = static_cast<int16>(now.month);
 
@@ -98,7 +98,7 @@ bool GenerateAttendanceTable(App& app)
         text.line();
     }
     if (!text.write(app, app.AttendTxtPath, " Error opening report file to write"))
-        return false;
+        return ReportOutcome::Failed;
 
     ReportFile csv(1536);
     csv.line(app.FirstName[r]);
@@ -109,10 +109,10 @@ bool GenerateAttendanceTable(App& app)
         csv.line();
     }
     if (!csv.write(app, app.AttendCsvPath, " Error opening report .CSV file to write"))
-        return false;
+        return ReportOutcome::FailedWithText;
 
     app.ui.setBusy(false);
-    return true;
+    return ReportOutcome::Done;
 }
 
 } // namespace zandolt

@@ -3,14 +3,16 @@
 // and ATTEND.CSV.
 #pragma once
 
+#include "reports/report_output.h"
+
 namespace zandolt {
 
 class App;
 
 // Asks for the year (title "Year entry", text "Year?"); a year of 0, no answer or no number sets
 // ReportMonth to 0 and ends. Otherwise sets ReportMonth to the present month and writes the files
-// for the employee at ReportEmployeeIndex. True when both files were written; false when the year
-// was not given or a phase took its error path, whose message has been shown.
-bool GenerateAttendanceTable(App& app);
+// for the employee at ReportEmployeeIndex. The outcome tells which files were written; a year not
+// given writes neither.
+ReportOutcome GenerateAttendanceTable(App& app);
 
 } // namespace zandolt

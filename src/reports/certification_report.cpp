@@ -27,7 +27,7 @@ std::string ExpiryText(Date date, bool fourDigitYear)
 
 } // namespace
 
-bool GenerateCertificationReport(App& app)
+ReportOutcome GenerateCertificationReport(App& app)
 {
     ReloadNamesIfChanged(app);
     app.ui.setBusy(true);
@@ -54,7 +54,7 @@ bool GenerateCertificationReport(App& app)
         text.add(app.CertType[r]).add(", ").line(ExpiryText(app.CertExpiry[r], true));
     }
     if (!text.write(app, app.CertifTxtPath, " Error opening certification report file to write"))
-        return false;
+        return ReportOutcome::Failed;
 
     ReportFile csv(listed.size() * 64 + 16);
     csv.line(FormatPaddedDate(app.ReportDate));
@@ -65,10 +65,10 @@ bool GenerateCertificationReport(App& app)
         csv.add(app.CertType[r]).add(", ").line(ExpiryText(app.CertExpiry[r], false));
     }
     if (!csv.write(app, app.CertifCsvPath, " Error opening certification report .CSV file to write"))
-        return false;
+        return ReportOutcome::FailedWithText;
 
     app.ui.setBusy(false);
-    return true;
+    return ReportOutcome::Done;
 }
 
 } // namespace zandolt

@@ -2,12 +2,14 @@
 // ReportDate, in CERTIF.TXT and CERTIF.CSV, from the employee table alone.
 #pragma once
 
+#include "reports/report_output.h"
+
 namespace zandolt {
 
 class App;
 
-// Reads ReportDate, ReportWorkGroup and ReportEmployeeIndex. True when both files were written;
-// false when a phase took its error path, whose message has been shown.
-bool GenerateCertificationReport(App& app);
+// Reads ReportDate, ReportWorkGroup and ReportEmployeeIndex. The outcome tells which files were
+// written.
+ReportOutcome GenerateCertificationReport(App& app);
 
 } // namespace zandolt

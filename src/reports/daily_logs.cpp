@@ -64,18 +64,24 @@ void DailyTextTail(std::string_view tail, std::string& out)
 // The common run of both logs: the two files opened, the log read line by line to its end or to
 // the first line that stops the selection, and each selected line written to both files.
 template <typename Select>
-bool ExtractLogLines(App& app, const std::string& textPath, const std::string& csvPath, const Select& select)
+ReportOutcome ExtractLogLines(App& app, const std::string& textPath, const std::string& csvPath, const Select& select)
 {
     app.ui.setBusy(true);
     StreamedReportFile text(app.files, textPath);
     if (!text.open())
         return ReportFailed(app, " Error opening daily log file to write");
     StreamedReportFile csv(app.files, csvPath);
+    // Once the text file is open, an error leaves each open file with the lines it had.
+    const auto breakOff = [&](const std::string& message) {
+        text.finish();
+        csv.finish();
+        return ReportFailed(app, message, text.placed() ? ReportOutcome::FailedWithText : ReportOutcome::Failed);
+    };
     if (!csv.open())
-        return ReportFailed(app, " Error opening daily log .CSV file to write");
+        return breakOff(" Error opening daily log .CSV file to write");
     LogStream log(app.files, app.LogPath);
     if (log.opened() != FileResult::Ok)
-        return ReportFailed(app, " Error opening Log file to read for daily report");
+        return breakOff(" Error opening Log file to read for daily report");
 
     const int presentYear = app.clock.now().year;
     LogRecord record;
@@ -91,7 +97,7 @@ bool ExtractLogLines(App& app, const std::string& textPath, const std::string& c
         if (read == LogRead::End)
             break;
         if (read == LogRead::Failed)
-            return ReportFailed(app, " Error Generating Daily Log");
+            return breakOff(" Error Generating Daily Log");
         if (read == LogRead::Skip)
             continue;
         if (record.Date != readDateText) { // an empty date text reads as 0, where it starts
@@ -113,14 +119,14 @@ bool ExtractLogLines(App& app, const std::string& textPath, const std::string& c
         text.add(", ").line(textTail);
     }
     if (!text.finish() || !csv.finish())
-        return ReportFailed(app, " Error Generating Daily Log");
+        return breakOff(" Error Generating Daily Log");
     app.ui.setBusy(false);
-    return true;
+    return ReportOutcome::Done;
 }
 
 } // namespace
 
-bool GenerateDailyLog(App& app)
+ReportOutcome GenerateDailyLog(App& app)
 {
     const Date day = app.ReportDate;
     return ExtractLogLines(app, app.DailyTxtPath, app.DailyCsvPath, [&app, day](const LogRecord& r, Date date) {
@@ -130,7 +136,7 @@ bool GenerateDailyLog(App& app)
     });
 }
 
-bool GenerateIndividualLog(App& app)
+ReportOutcome GenerateIndividualLog(App& app)
 {
     const Date start = app.ReportStartDate, stop = app.ReportStopDate;
     const std::string& name = app.ReportEmployeeName;

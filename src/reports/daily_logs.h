@@ -3,15 +3,18 @@
 // employee table plays no part: an employee who has left it still shows.
 #pragma once
 
+#include "reports/report_output.h"
+
 namespace zandolt {
 
 class App;
 
 // One day's lines of the work group: ReportDate and ReportWorkGroup; DAILY.TXT and DAILY.CSV.
-// True when both files were written; false on an error path, whose message has been shown.
-bool GenerateDailyLog(App& app);
+// Both files are opened before the log is read, so a run that fails after that leaves them with the
+// lines written so far.
+ReportOutcome GenerateDailyLog(App& app);
 // The lines from ReportStartDate to ReportStopDate of ReportEmployeeName (matched with its case;
 // empty for everyone); INDIV.TXT and INDIV.CSV. The same result.
-bool GenerateIndividualLog(App& app);
+ReportOutcome GenerateIndividualLog(App& app);
 
 } // namespace zandolt

@@ -102,7 +102,7 @@ void DispForm::PrintBut_Click()
 void DispForm::PrintViaMacroBut_Click()
 {
     // The site's own program formats or prints the file; whether it runs is its business.
-    app_.programs.run("sh " + QuoteForShell(app_.AppDir + app_.ReportMacroName), app_.AppDir);
+    app_.programs.run("sh " + QuoteForShell(app_.files.resolve(app_.AppDir + app_.ReportMacroName)), app_.AppDir);
 }
 
 } // namespace zandolt

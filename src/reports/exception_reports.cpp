@@ -80,7 +80,7 @@ class ExceptionReport
 public:
     ExceptionReport(App& app, bool twice) : app_(app), twice_(twice) {}
 
-    bool generate()
+    ReportOutcome generate()
     {
         app_.ui.setBusy(true);
         ReloadNamesIfChanged(app_);
@@ -89,10 +89,12 @@ public:
         if (!scanLog())
             return ReportFailed(app_, " Error opening " + app_.LogPath + " to read");
         finishCodes();
-        if (!writeText() || !writeCsv())
-            return false;
+        if (!writeText())
+            return ReportOutcome::Failed;
+        if (!writeCsv())
+            return ReportOutcome::FailedWithText;
         app_.ui.setBusy(false);
-        return true;
+        return ReportOutcome::Done;
     }
 
 private:
@@ -288,12 +290,12 @@ private:
 
 } // namespace
 
-bool GenerateExceptionReport(App& app)
+ReportOutcome GenerateExceptionReport(App& app)
 {
     return ExceptionReport(app, false).generate();
 }
 
-bool GenerateTwiceTestedReport(App& app)
+ReportOutcome GenerateTwiceTestedReport(App& app)
 {
     return ExceptionReport(app, true).generate();
 }

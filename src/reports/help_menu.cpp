@@ -69,7 +69,7 @@ void OpenWebAddress(App& app, const std::string& address)
     if (app.programs.openDocument(address) > OpenedAbove)
         return;
     // The desktop has no opener for addresses: the browser the desktop names, started directly.
-    if (app.programs.run("x-www-browser " + QuoteForShell(address), ""))
+    if (app.programs.start("x-www-browser", {address}, ""))
         return;
     app.ui.msgBox("Could not open browser. Please open your web browser manually and go to " + address, msgbox::OKOnly,
                   "");

@@ -143,7 +143,7 @@ void addDays(ReportFile& file, Grids& grids, int employee, int days, std::string
 
 } // namespace
 
-bool GenerateMonthlyReport(App& app)
+ReportOutcome GenerateMonthlyReport(App& app)
 {
     ReloadNamesIfChanged(app);
     app.ui.setBusy(true);
@@ -155,10 +155,11 @@ bool GenerateMonthlyReport(App& app)
     if (!scanLog(app, reportYear, grids, unknown))
         return ReportFailed(app, " Error opening Log file to read");
 
-    // A month outside the year has no length and no name: the text cannot be written.
+    // A month outside the year has no length and no name: the text file is opened, and its first
+    // line fails.
     const int month = app.ReportMonth;
     if (month < 1 || month > 12)
-        return ReportFailed(app, " Error opening report file to write");
+        return ReportFile().breakOff(app, app.ReportTxtPath, " Error opening report file to write");
     const int days = DaysInMonth(month, now.year);
     finishGrids(app, reportYear, days, grids);
     // The heading's year is that of the last date the final pass built: none without employees.
@@ -197,7 +198,7 @@ bool GenerateMonthlyReport(App& app)
         text.line();
     }
     if (!text.write(app, app.ReportTxtPath, " Error opening report file to write"))
-        return false;
+        return ReportOutcome::Failed;
 
     // The row number is the table's, so a filtered CSV has gaps in it; no unknown names here.
     ReportFile csv(static_cast<size_t>(app.EmployeeCount + 2) * (60 + 5 * 31));
@@ -211,9 +212,9 @@ bool GenerateMonthlyReport(App& app)
         csv.line();
     }
     if (!csv.write(app, app.ReportCsvPath, " Error opening report .CSV file to write"))
-        return false;
+        return ReportOutcome::FailedWithText;
     app.ui.setBusy(false);
-    return true;
+    return ReportOutcome::Done;
 }
 
 } // namespace zandolt

@@ -11,72 +11,67 @@
 namespace zandolt {
 
 namespace report_kinds {
-const ReportKind Monthly{DateStep::Month,
-                         true,
-                         true,
-                         TimeWindow::None,
-                         &Settings::ReportTxtPath,
-                         "ISO-9000 ESD Protection Monthly Test Report",
-                         false,
-                         "Report.bat",
-                         false,
-                         true};
-const ReportKind Daily{DateStep::Day,
-                       true,
-                       false,
-                       TimeWindow::Daily,
-                       &Settings::DailyTxtPath,
-                       "ISO-9000 ESD Protection Daily Log Report   ",
-                       true,
-                       "LogRep.bat",
-                       true};
-const ReportKind Individual{DateStep::StartAndStop,
-                            false,
-                            true,
-                            TimeWindow::None,
-                            &Settings::IndivTxtPath,
-                            "ISO-9000 ESD Protection Individual Log Report   ",
-                            true,
-                            "Indiv.bat",
-                            true};
-const ReportKind Exceptions{DateStep::Day,
-                            true,
-                            true,
-                            TimeWindow::Exception,
-                            &Settings::ExceptTxtPath,
-                            "ISO-9000 ESD Protection Exceptions Test Report",
-                            false,
-                            "Except.bat"};
-const ReportKind ExceptionsNotTestedTwice{DateStep::None,
-                                          true,
-                                          true,
-                                          TimeWindow::Exception,
-                                          &Settings::ExceptTxtPath,
-                                          "ISO-9000 ESD Protection Exceptions Test Report",
-                                          false,
-                                          "Except.bat",
-                                          false,
-                                          false,
-                                          true};
-const ReportKind Certification{DateStep::Day,
-                               true,
-                               true,
-                               TimeWindow::None,
-                               &Settings::CertifTxtPath,
-                               "ISO-9000 ESD Protection Certification Expiration Report",
-                               false,
-                               "Certif.bat"};
-const ReportKind Vacation{DateStep::Month,
-                          true,
-                          true,
-                          TimeWindow::None,
-                          &Settings::VacationTxtPath,
-                          "ISO-9000 ESD Protection Monthly Vacation",
-                          false,
-                          "Vacation.bat"};
-const ReportKind Attendance{
-    DateStep::None, false,       true, TimeWindow::None, &Settings::AttendTxtPath, "ISO-9000 ESD Attendance Report   ",
-    true,           "Attend.bat"};
+const ReportKind Monthly{.dateStep = DateStep::Month,
+                         .workGroupStep = true,
+                         .employeeStep = true,
+                         .textPath = &Settings::ReportTxtPath,
+                         .csvPath = &Settings::ReportCsvPath,
+                         .title = "ISO-9000 ESD Protection Monthly Test Report",
+                         .hook = "Report.bat",
+                         .landscape = true};
+const ReportKind Daily{.dateStep = DateStep::Day,
+                       .workGroupStep = true,
+                       .timeWindow = TimeWindow::Daily,
+                       .textPath = &Settings::DailyTxtPath,
+                       .csvPath = &Settings::DailyCsvPath,
+                       .title = "ISO-9000 ESD Protection Daily Log Report   ",
+                       .stamp = true,
+                       .hook = "LogRep.bat",
+                       .logHeading = true};
+const ReportKind Individual{.dateStep = DateStep::StartAndStop,
+                            .employeeStep = true,
+                            .textPath = &Settings::IndivTxtPath,
+                            .csvPath = &Settings::IndivCsvPath,
+                            .title = "ISO-9000 ESD Protection Individual Log Report   ",
+                            .stamp = true,
+                            .hook = "Indiv.bat",
+                            .logHeading = true};
+const ReportKind Exceptions{.dateStep = DateStep::Day,
+                            .workGroupStep = true,
+                            .employeeStep = true,
+                            .timeWindow = TimeWindow::Exception,
+                            .textPath = &Settings::ExceptTxtPath,
+                            .csvPath = &Settings::ExceptCsvPath,
+                            .title = "ISO-9000 ESD Protection Exceptions Test Report",
+                            .hook = "Except.bat"};
+const ReportKind ExceptionsNotTestedTwice{.workGroupStep = true,
+                                          .employeeStep = true,
+                                          .timeWindow = TimeWindow::Exception,
+                                          .textPath = &Settings::ExceptTxtPath,
+                                          .csvPath = &Settings::ExceptCsvPath,
+                                          .title = "ISO-9000 ESD Protection Exceptions Test Report",
+                                          .hook = "Except.bat",
+                                          .today = true};
+const ReportKind Certification{.dateStep = DateStep::Day,
+                               .workGroupStep = true,
+                               .employeeStep = true,
+                               .textPath = &Settings::CertifTxtPath,
+                               .csvPath = &Settings::CertifCsvPath,
+                               .title = "ISO-9000 ESD Protection Certification Expiration Report",
+                               .hook = "Certif.bat"};
+const ReportKind Vacation{.dateStep = DateStep::Month,
+                          .workGroupStep = true,
+                          .employeeStep = true,
+                          .textPath = &Settings::VacationTxtPath,
+                          .csvPath = &Settings::VacationCsvPath,
+                          .title = "ISO-9000 ESD Protection Monthly Vacation",
+                          .hook = "Vacation.bat"};
+const ReportKind Attendance{.employeeStep = true,
+                            .textPath = &Settings::AttendTxtPath,
+                            .csvPath = &Settings::AttendCsvPath,
+                            .title = "ISO-9000 ESD Attendance Report   ",
+                            .stamp = true,
+                            .hook = "Attend.bat"};
 } // namespace report_kinds
 
 const char* const LogColumnsHeading =
@@ -172,10 +167,10 @@ void ReportHandler(App& app, const ReportKind& kind, const ReportGenerator& gene
     ReloadNamesIfChanged(app);
     if (!AskParameters(app, kind))
         return;
-    // A generator that failed has said so; the viewer then shows what the file holds, perhaps an
-    // older report.
-    generate(app);
-    ShowReport(app, kind);
+    // A generator that failed has said so. What it wrote before the failure is shown; an older
+    // report left in the file is not, since it would pass for this one under a fresh title.
+    if (generate(app) != ReportOutcome::Failed)
+        ShowReport(app, kind);
 }
 
 void PrintReportHandler(App& app, const ReportGenerator& generateMonthly)
@@ -185,8 +180,8 @@ void PrintReportHandler(App& app, const ReportGenerator& generateMonthly)
     ReloadNamesIfChanged(app);
     if (!AskParameters(app, report_kinds::Monthly))
         return;
-    generateMonthly(app);
-    PrintMonthlyReport(app);
+    if (generateMonthly(app) != ReportOutcome::Failed)
+        PrintMonthlyReport(app);
 }
 
 void AttendanceHandler(App& app, const ReportGenerator& generate)
@@ -198,10 +193,8 @@ void AttendanceHandler(App& app, const ReportGenerator& generate)
     GetIndividualName(app, false);
     if (app.ReportEmployeeName.empty() || app.ReportEmployeeName == " ")
         return;
-    generate(app);
-    if (app.ReportMonth == 0)
-        return;
-    ShowReport(app, report_kinds::Attendance);
+    if (generate(app) != ReportOutcome::Failed && app.ReportMonth != 0)
+        ShowReport(app, report_kinds::Attendance);
 }
 
 std::string AltViewerProgram(const std::string& altViewerPath)
@@ -214,10 +207,11 @@ std::string AltViewerProgram(const std::string& altViewerPath)
 
 bool StartAltViewer(App& app, const std::string& path)
 {
-    const std::string program = AltViewerProgram(app.AltViewerPath);
-    // A program named by its path must be there; a bare name is looked up by the shell.
-    const bool present = program.find('/') == std::string::npos || app.files.exists(program);
-    if (present && app.programs.run(QuoteForShell(program) + " " + QuoteForShell(path), ""))
+    // An outside program knows nothing of the case-blind names: it gets each file by its own spelling.
+    std::string program = AltViewerProgram(app.AltViewerPath);
+    if (program.find('/') != std::string::npos)
+        program = app.files.resolve(program);
+    if (app.programs.start(program, {app.files.resolve(path)}, ""))
         return true;
     app.ui.msgBox(" Could not find " + app.AltViewerPath +
                       ". Please check the path of the alternate viewer in the Setup General Configuration window.",

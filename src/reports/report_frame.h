@@ -4,6 +4,7 @@
 #pragma once
 
 #include "data/settings.h"
+#include "reports/report_output.h"
 
 #include <functional>
 #include <string>
@@ -12,9 +13,9 @@ namespace zandolt {
 
 class App;
 
-// A generator writes its two files from the report parameters; false when it took an error path
-// (it has shown its message).
-using ReportGenerator = std::function<bool(App&)>;
+// A generator writes its two files from the report parameters; on an error path it has shown its
+// message, and its outcome tells whether the text file is this run's.
+using ReportGenerator = std::function<ReportOutcome(App&)>;
 
 // Which of the date prompts a report asks first.
 enum class DateStep { None, Month, Day, StartAndStop };
@@ -27,8 +28,9 @@ struct ReportKind
     bool workGroupStep = false;
     bool employeeStep = false;
     TimeWindow timeWindow = TimeWindow::None;
-    // The text file the generator writes.
+    // The text file the generator writes, and its comma-separated twin.
     std::string Settings::*textPath = nullptr;
+    std::string Settings::*csvPath = nullptr;
     const char* title = "";
     // The title goes on with the company name and the present date and time.
     bool stamp = false;

@@ -2,7 +2,7 @@
 // that every phase of a generator ends on.
 //
 // A file is built in memory, its lines ended by CR LF, and replaces the old file whole at the end
-// of its phase. A phase that fails therefore leaves its old file as it was, and nothing of a later
+// of its phase, or with what its phase had written when the phase breaks off. Nothing of a later
 // phase is written.
 #pragma once
 
@@ -14,9 +14,14 @@ namespace zandolt {
 
 class App;
 
+// How a generator's run ended. Done: both files were written. FailedWithText: an error path after
+// the text file was opened, which holds what this run wrote into it, whole, partial or nothing.
+// Failed: an error path before that; whatever text file there is belongs to an earlier run.
+enum class ReportOutcome { Done, FailedWithText, Failed };
+
 // The end of a generator on one of its error paths: the busy pointer goes and the message is
-// shown in a box. Always false, so that a generator can return it.
-bool ReportFailed(App& app, const std::string& message);
+// shown in a box.
+ReportOutcome ReportFailed(App& app, const std::string& message, ReportOutcome outcome = ReportOutcome::Failed);
 
 class ReportFile
 {
@@ -45,6 +50,10 @@ public:
     // Replaces the file at path with the text. When that fails, the generator's error path with
     // the phase's message, and false.
     bool write(App& app, const std::string& path, const std::string& failMessage) const;
+    // The phase broke off with its message after its file was opened: the text so far replaces the
+    // file, as an opened file keeps what reached it. FailedWithText, or Failed when even that
+    // could not be written.
+    ReportOutcome breakOff(App& app, const std::string& path, const std::string& failMessage) const;
 
 private:
     std::string text_;

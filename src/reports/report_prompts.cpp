@@ -3,6 +3,7 @@
 #include "app.h"
 #include "data/dates.h"
 #include "data/number_text.h"
+#include "data/text_encoding.h"
 #include "reports/individual_employee_selection_form.h"
 
 namespace zandolt {
@@ -25,9 +26,10 @@ Date AskDate(App& app, const std::string& prompt)
         app.ui.msgBox("Illegal date", msgbox::OKOnly, "");
         return 0;
     }
-    const DateTime probe{1999, 10, 12};
-    const int monthBack = SplitDate(ReadDate(app, app.locale.shortDate(probe))).month;
-    return RepairReportDate(typed, monthBack, app.clock.now().year);
+    // A form that cannot be read back (digits other than ASCII ones) is no date and tells nothing;
+    // day 0 would read as 30 December 1899, a month of 12.
+    const Date back = ReadDate(app, app.locale.shortDate(DateTime{1999, 10, 12}));
+    return RepairReportDate(typed, back == 0 ? 0 : SplitDate(back).month, app.clock.now().year);
 }
 
 } // namespace
@@ -80,9 +82,11 @@ void GetReportMonth(App& app)
 
 void GetReportWorkGroup(App& app)
 {
-    app.ReportWorkGroup = app.ui.inputBox("Please enter a work group designator of the employees to include in the "
-                                          "report, or leave blank to include all employees.",
-                                          "Work group designator", " ");
+    // Compared with the IDs as the files spell them.
+    app.ReportWorkGroup = InEncoding(app.ui.inputBox("Please enter a work group designator of the employees to "
+                                                     "include in the report, or leave blank to include all employees.",
+                                                     "Work group designator", " "),
+                                     app.NamesEncoding);
 }
 
 void GetIndividualName(App& app, bool allowAll)

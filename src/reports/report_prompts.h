@@ -12,7 +12,8 @@ class App;
 // A typed date as the report takes it. monthOfTwelfthOctober is the month that this desktop reads
 // back from its own short form of 12 October 1999: when that is 12, short dates are written day
 // first and read month first, and a typed day below 13 is taken as the month (and the month as
-// the day). A year more than 30 years before the present one is then moved a century on.
+// the day); 0 stands for a form that could not be read back. A year more than 30 years before the
+// present one is then moved a century on.
 Date RepairReportDate(Date typed, int monthOfTwelfthOctober, int presentYear);
 
 // The three date prompts: ReportDate, ReportStartDate, ReportStopDate; 0 after Cancel or a text

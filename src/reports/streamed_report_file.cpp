@@ -44,11 +44,11 @@ void StreamedReportFile::flush()
 
 bool StreamedReportFile::finish()
 {
-    flush();
-    if (failed_ || !opened_ || !files_.rename(partPath_, path_))
-        return false;
-    finished_ = true;
-    return true;
+    if (!finished_ && opened_) {
+        flush();
+        finished_ = files_.rename(partPath_, path_);
+    }
+    return finished_ && !failed_;
 }
 
 } // namespace zandolt

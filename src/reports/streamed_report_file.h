@@ -1,7 +1,7 @@
 // A report file too large to be built in memory: the daily and individual logs hold as many lines
 // as the log has in the range, and the log has no limit on its size. The text goes out in large
-// pieces to a file beside the report, which takes the report's place once it is complete, so a
-// run that fails leaves the old report as it was, as a report built in memory does.
+// pieces to a file beside the report, which takes the report's place when the run ends, complete
+// or broken off with the lines it had, so a reader never finds half a file in the report's place.
 #pragma once
 
 #include <cstddef>
@@ -43,8 +43,11 @@ public:
         return *this;
     }
 
-    // Writes what is left and puts the file in the report's place; false when any write failed.
+    // Writes what is left and puts the file, with what could be written, in the report's place;
+    // false when any write failed or it could not take that place. A second call changes nothing.
     bool finish();
+    // The file has taken the report's place.
+    bool placed() const { return finished_; }
 
 private:
     static constexpr std::size_t PieceSize = 1 << 20;

@@ -29,16 +29,17 @@ std::string MonthLetters(const std::string& attendance, int year, int month, int
 
 } // namespace
 
-bool GenerateVacationReport(App& app)
+ReportOutcome GenerateVacationReport(App& app)
 {
     ReloadNamesIfChanged(app);
     app.ui.setBusy(true);
     const DateTime now = app.clock.now();
     const int year = YearOfReportMonth(app, now);
-    // A month outside the year has no name and no length: the text cannot be written.
+    // A month outside the year has no name and no length: the text file is opened, and its first
+    // line fails.
     const int month = app.ReportMonth;
     if (month < 1 || month > 12)
-        return ReportFailed(app, " Error opening vacation report file to write");
+        return ReportFile().breakOff(app, app.VacationTxtPath, " Error opening vacation report file to write");
     const int days = DaysInMonth(month, now.year);
     const std::string stamp = ReportStamp(app, now);
 
@@ -65,7 +66,7 @@ bool GenerateVacationReport(App& app)
         text.line();
     }
     if (!text.write(app, app.VacationTxtPath, " Error opening vacation report file to write"))
-        return false;
+        return ReportOutcome::Failed;
 
     ReportFile csv(selected.size() * (40 + 3 * 31) + 64);
     csv.add(std::to_string(month)).add(", =Month, ").add(std::to_string(year)).add(", =Year, as of ").line(stamp);
@@ -77,10 +78,10 @@ bool GenerateVacationReport(App& app)
         csv.line();
     }
     if (!csv.write(app, app.VacationCsvPath, " Error opening vacation report .CSV file to write"))
-        return false;
+        return ReportOutcome::FailedWithText;
 
     app.ui.setBusy(false);
-    return true;
+    return ReportOutcome::Done;
 }
 
 } // namespace zandolt

@@ -2,13 +2,14 @@
 // and VACATION.CSV, from the attendance strings alone.
 #pragma once
 
+#include "reports/report_output.h"
+
 namespace zandolt {
 
 class App;
 
 // Reads ReportMonth, ReportWorkGroup and ReportEmployeeIndex; a month after the present one is
-// last year's, after a notice. True when both files were written; false when a phase took its
-// error path, whose message has been shown.
-bool GenerateVacationReport(App& app);
+// last year's, after a notice. The outcome tells which files were written.
+ReportOutcome GenerateVacationReport(App& app);
 
 } // namespace zandolt

@@ -3,6 +3,7 @@
 #include "admin/unknown_enrolment.h"
 #include "app.h"
 #include "data/number_text.h"
+#include "data/text_encoding.h"
 #include "station/err_msg_frm.h"
 #include "station/identification.h"
 #include "station/name_form.h"
@@ -30,13 +31,6 @@ std::string cleanLine(const std::string& s)
     for (int i = 0; i < 2 && !t.empty() && static_cast<unsigned char>(t.back()) < 34; ++i)
         t.pop_back();
     return t;
-}
-
-bool equalsIgnoreCase(const std::string& a, const std::string& b)
-{
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-           });
 }
 
 // A card presented during a test ends that test.
@@ -183,12 +177,14 @@ void HandleGeneralRS232Reading(App& app)
     const std::string text = cleanLine(app.ProxText);
     f.NameOrIDText.setText(text);
     closeRunningTest(app);
-    const std::string trimmed = TrimIdentification(text, app.UseLastChars, app.SkipChars);
+    // Compared as the employee file spells its names, whichever code page the reader sends.
+    const std::string trimmed =
+        InEncoding(TrimIdentification(text, app.UseLastChars, app.SkipChars), app.NamesEncoding);
     app.CurrentEmployee = -1;
     for (int row = 0; row < app.EmployeeCount && app.CurrentEmployee < 0; ++row) {
         const size_t r = static_cast<size_t>(row);
-        if ((app.UseBadgeToIdentifyFlag != 0 && equalsIgnoreCase(trimmed, app.BadgeNum[r])) ||
-            equalsIgnoreCase(trimmed, app.FullName[r]))
+        if ((app.UseBadgeToIdentifyFlag != 0 && EqualIgnoringCase(trimmed, app.BadgeNum[r])) ||
+            EqualIgnoringCase(trimmed, app.FullName[r]))
             app.CurrentEmployee = static_cast<int16>(row);
     }
     if (app.CurrentEmployee < 0)

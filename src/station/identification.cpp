@@ -5,27 +5,21 @@
 #include "app.h"
 #include "data/dates.h"
 #include "data/number_text.h"
+#include "data/text_encoding.h"
 #include "station/err_msg_frm.h"
 #include "station/name_form.h"
 #include "station/start_test.h"
 
 #include <algorithm>
-#include <cctype>
+#include <string_view>
 
 namespace zandolt {
 
 namespace {
 
-bool equalsIgnoreCase(const std::string& a, const std::string& b)
+bool startsWithIgnoreCase(std::string_view text, std::string_view prefix)
 {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-           });
-}
-
-bool startsWithIgnoreCase(const std::string& text, const std::string& prefix)
-{
-    return text.size() >= prefix.size() && equalsIgnoreCase(text.substr(0, prefix.size()), prefix);
+    return text.size() >= prefix.size() && EqualIgnoringCase(text.substr(0, prefix.size()), prefix);
 }
 
 // The ID behind its first hyphen, or the whole ID when it has none.
@@ -56,9 +50,12 @@ void listKeyPress(App& app, NameForm& f, int& keyAscii)
         if (app.TypedNumber > 0 && app.TypedNumber <= app.EmployeeCount)
             f.List1.setListIndex(app.TypedNumber - 1);
     } else if (keyAscii >= 32) {
+        // A key's character code is its Windows-1252 byte.
         app.TypedText += static_cast<char>(keyAscii);
-        for (int row = 0; row < app.EmployeeCount; ++row)
-            if (startsWithIgnoreCase(app.FullName[static_cast<size_t>(row)], app.TypedText)) {
+        bool exact = true;
+        const std::string prefix = ConvertText(app.TypedText, TextEncoding::Windows1252, app.NamesEncoding, &exact);
+        for (int row = 0; exact && row < app.EmployeeCount; ++row)
+            if (startsWithIgnoreCase(app.FullName[static_cast<size_t>(row)], prefix)) {
                 f.List1.setListIndex(row);
                 break;
             }
@@ -141,23 +138,26 @@ void AcceptEmployee(App& app, bool fromReader)
 void IdentifyTypedText(App& app)
 {
     NameForm& f = app.nameForm();
-    const std::string typed = f.NameOrIDText.text();
-    if (typed.empty())
+    if (f.NameOrIDText.text().empty())
         return;
+    // The text is compared with the table as the employee file spells it. A character the file
+    // cannot hold matches nobody, but the text may still enrol.
+    bool exact = true;
+    const std::string typed = InEncoding(f.NameOrIDText.text(), app.NamesEncoding, &exact);
     const std::string trimmed =
         app.BarCodeFlag <= 1 ? TrimIdentification(typed, app.UseLastChars, app.SkipChars) : typed;
 
     app.CurrentEmployee = -1;
-    for (int row = 0; row < app.EmployeeCount && app.CurrentEmployee < 0; ++row) {
+    for (int row = 0; exact && row < app.EmployeeCount && app.CurrentEmployee < 0; ++row) {
         const size_t r = static_cast<size_t>(row);
         bool hit = false;
         if (app.BarCodeFlag < 2 || app.UseBadgeToIdentifyFlag != 0)
-            hit = hit || equalsIgnoreCase(trimmed, app.BadgeNum[r]);
+            hit = hit || EqualIgnoringCase(trimmed, app.BadgeNum[r]);
         if (app.AcceptIdFlag != 0)
-            hit = hit || equalsIgnoreCase(trimmed, idBehindHyphen(app.IDNum[r]));
+            hit = hit || EqualIgnoringCase(trimmed, idBehindHyphen(app.IDNum[r]));
         if (app.AcceptNameFlag != 0)
-            hit = hit || equalsIgnoreCase(typed, app.FullName[r]) ||
-                  (app.BarCodeFlag == 1 && equalsIgnoreCase(trimmed, app.BadgeNum[r]));
+            hit = hit || EqualIgnoringCase(typed, app.FullName[r]) ||
+                  (app.BarCodeFlag == 1 && EqualIgnoringCase(trimmed, app.BadgeNum[r]));
         if (hit)
             app.CurrentEmployee = static_cast<int16>(row);
     }

@@ -80,6 +80,12 @@ TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
         range(f, "S", "3/1/2026", "3/2/2026");   // days 60 and 61
         range(f, "T", "7/4/2026", "7/1/2026");   // backwards: 4 July (day 185) alone
         range(f, "P", "12/30/2026", "1/2/2027"); // across the year's end: nothing
+        // A comma would end the field in the file: it is refused, and the blank left paints nothing.
+        range(f, ",", "1/10/2026", "1/10/2026");
+        ASSERT_FALSE(ui().messages().empty());
+        EXPECT_EQ(ui().messages().back().prompt, "Sorry, commas are not allowed in the status.");
+        EXPECT_EQ(f.leave.StatusText.text(), " ");
+        range(f, " ", "1/11/2026", "1/11/2026");
         range(f, "h", "11/5/2026", "bad");
         EXPECT_EQ(ui().messages().back().prompt, "The Stop date is illegal.  Use 11/22/2026  format.");
         ui().onModal("DispForm", [&](Form& d) {
@@ -99,8 +105,9 @@ TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
     expected.replace(59, 2, "SS");
     expected.replace(61, 4, "VVVV");
     expected[184] = 'T';
-    // Status 4 from 22 November 2026 through the same day.
-    EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(79, 42 + 372), "4, 11/22/2026, 11/22/2026, 1, 12/31/2030, " + expected);
+    // Status 4 from 22 November 2026 through the same day; the fields behind the year are whole.
+    EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(79),
+              "4, 11/22/2026, 11/22/2026, 1, 12/31/2030, " + expected + ", 0, , 1");
     EXPECT_EQ(app_->CurrentEmployee, 0); // as after every read of the file
 
     // Cancel drops what was painted.

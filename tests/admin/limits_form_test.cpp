@@ -20,6 +20,7 @@ protected:
         Employee roe{"Roe", "Rick", "12-34"};
         roe.wristMax = "10.5";
         roe.wristEnable = "0";
+        roe.footMin = "0";
         writeEmployees({doe, roe});
         startStation();
         app_->nameForm().mnuChangeAllLimits.userClick();
@@ -37,27 +38,28 @@ TEST_F(ChangeAllLimits, OnlyTheChosenColumnsChangeAndOnlyRowsThatReallyChangeAre
 
     form().WristHiText.userEdit("10.5");
     form().ChangeWristHiCheck.userClick();
-    form().WristLoText.userEdit("0"); // 0 is automatic, as in the employee editor
+    form().WristLoText.userEdit("-1"); // automatic typed as a number, as both rows are already
     form().ChangeWristLoCheck.userClick();
-    form().FootLoText.userEdit("2"); // typed but its box is off
+    form().FootLoText.userEdit("0"); // stored as typed, not as -1: row 1 holds 0 already
+    form().ChangeFootLoCheck.userClick();
+    form().FootHiText.userEdit("2"); // typed but its box is off
     form().WristCheck.userClick();   // not required any more
     form().ChangeWristStrapCheck.userClick();
     ui().answerMsgBox("Are you sure you want to change the limits?", msgbox::OK);
     form().OKBut.userClick();
 
     EXPECT_FALSE(form().loaded());
-    // Row 0: wrist high -1 -> 10.5, wrist low stays -1, wrist enable -1 -> 0, flagged.
-    // Row 1 had 10.5 and 0 already: nothing changes and its flag stays 0.
+    // Row 0: wrist high -1 -> 10.5, wrist low stays -1, foot low -1 -> 0, wrist enable -1 -> 0,
+    // flagged. Row 1 had 10.5, 0 and 0 already: nothing changes and its flag stays 0.
     // Fields padded to columns 21 and 43; ID 12-34 with its badge 34 is written 12-34:34.
     EXPECT_EQ(
         fileLines("NAMES.TXT"),
         (std::vector<std::string>{
             NamesHeaderLine1, NamesHeaderLine2,
             "Doe, Jane," + std::string(11, ' ') + "4711," + std::string(17, ' ') +
-                "-1.00, 010.50, -1.00, -1.00,  0, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " + A372 + ", 0, , 1",
+                "-1.00, 010.50, 0.00, -1.00,  0, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " + A372 + ", 0, , 1",
             "Roe, Rick," + std::string(11, ' ') + "12-34:34," + std::string(13, ' ') +
-                "-1.00, 010.50, -1.00, -1.00,  0, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " + A372 +
-                ", 0, , 0"}));
+                "-1.00, 010.50, 0.00, -1.00,  0, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " + A372 + ", 0, , 0"}));
 }
 
 TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndATextThatIsNoNumberChangesNothing)
@@ -81,7 +83,7 @@ TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndATextThatIsNoNumberChangesNothing
     ui().answerMsgBox("Are you sure", msgbox::OK);
     form().OKBut.userClick();
     EXPECT_EQ(app_->WristMax[1], -1.0f);
-    EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(43, 30), "-1.00, -1.00, -1.00, -1.00,  0");
+    EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(43, 29), "-1.00, -1.00, 0.00, -1.00,  0");
     EXPECT_EQ(fileLines("NAMES.TXT")[3].back(), '1');
     EXPECT_EQ(fileLines("NAMES.TXT")[2].back(), '0'); // row 0 was automatic already
 }

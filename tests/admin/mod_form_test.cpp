@@ -122,6 +122,17 @@ TEST_F(EmployeeEditor, InsertPutsTheNewRowBeforeTheOneShownAndDeleteNeverEmpties
     EXPECT_EQ(form().LastNameText.text(), "Bay"); // line 2 shows the row that moved up
 }
 
+TEST_F(EmployeeEditor, ALineNumberFarBeyondTheTableStoresTheLastRow)
+{
+    open({Employee{"Ash", "Al", "1"}, Employee{"Bay", "Bo", "2"}});
+    form().UserNumText.userEdit("1e10");
+    form().LastNameText.userEdit("Cole");
+    ui().answerMsgBox("Do you want to modify Al Ash", msgbox::Yes);
+    form().ModifyBut.userClick();
+    EXPECT_EQ(form().UserNumText.text(), "2");
+    EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(0, 10), "Cole, Al, ");
+}
+
 TEST_F(EmployeeEditor, DeletingTheOnlyRowLeavesOneEmptyRowThatCannotBeReadBack)
 {
     // The unused row behind the only one moves up over it; a line without a name fails the read,

@@ -1,10 +1,11 @@
 // The text form of resistances: the whole part and the hundredths rounded apart, and whole
-// numbers of every size.
+// numbers of every size; typed numbers far out of range as whole numbers.
 #include "data/number_text.h"
 
 #include <gtest/gtest.h>
 
 #include <cfloat>
+#include <climits>
 
 namespace zandolt {
 namespace {
@@ -26,6 +27,13 @@ TEST(Megohms, HugeValuesKeepEveryWholeDigit)
     EXPECT_EQ(FormatMegohmsWide(1e20f), "100000002004087734272.00");
     EXPECT_EQ(FormatMegohms(16777216.0f), "16777216.00");
     EXPECT_EQ(FormatMegohmsWide(FLT_MAX), "340282346638528859811704183484516925440.00");
+}
+
+TEST(RoundHalfEven, ATypedNumberBeyondTheRangeGivesItsEnd)
+{
+    // A whole-number box holding "1e30": converting that directly is undefined.
+    EXPECT_EQ(RoundHalfEven(Val("-1e30")), LLONG_MIN);
+    EXPECT_EQ(RoundToInt16(Val("1e30")), std::nullopt);
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <type_traits>
 #include <vector>
 
 namespace zandolt {
@@ -94,53 +96,35 @@ protected:
 
 TEST_F(SettingsFile, AFullFileIsReadValueByValue)
 {
-    // Every line lands in its setting; the flags written as 1 come back as -1.
+    // Every line lands in its setting, in file order; the flags written as 1 come back as -1.
     writeIni(joined(fullFile()));
     ReadIniFile(*app_);
     EXPECT_TRUE(ui().messages().empty());
     const App& a = *app_;
-    EXPECT_EQ(a.ComboComport, 3);
-    EXPECT_FLOAT_EQ(a.PrinterFontSize, 9.25f);
-    EXPECT_EQ(a.PrinterFontName, "Lucida Console");
-    EXPECT_EQ(a.CompanyName, "Acme Inc.");
-    EXPECT_EQ(a.Simulation, -1);
-    EXPECT_EQ(a.AdminPassword, "topsecret");
-    EXPECT_EQ(a.BarCodeFlag, 1);
-    EXPECT_EQ(a.NoMonitorFlag, -1);
-    EXPECT_EQ(a.IgnoreWorkgroup, "!X!");
-    EXPECT_EQ(a.UseLastChars, 6);
-    EXPECT_EQ(a.SkipChars, -2);
-    EXPECT_EQ(a.AddUnknownFlag, 3);
-    EXPECT_EQ(a.DefaultWorkGroup, "QA");
-    EXPECT_FLOAT_EQ(a.DefaultWristMin, 0.75f);
-    EXPECT_FLOAT_EQ(a.DefaultFootMin, 0.5f);
-    EXPECT_FLOAT_EQ(a.DefaultWristMax, 10.0f);
-    EXPECT_FLOAT_EQ(a.DefaultFootMax, 99.98f);
-    EXPECT_EQ(a.DefaultWristRequired, 0);
-    EXPECT_EQ(a.DefaultFootRequired, -1);
-    EXPECT_EQ(a.CertWarnAdvanceDays, 14);
-    EXPECT_EQ(a.CertWarnIntervalDays, 7);
-    EXPECT_EQ(a.CertAccessMode, 2);
-    EXPECT_EQ(a.CertAccessPassword, "certpw");
-    EXPECT_EQ(a.ProximityComport, 4);
-    EXPECT_EQ(a.SkipProxBits, 2);
-    EXPECT_EQ(a.UseProxMiddleBits, 26);
-    EXPECT_EQ(a.TagType, 1);
-    EXPECT_EQ(a.ShowNonRequiredStrap, -1);
-    EXPECT_EQ(a.ShowLastPerson, -1);
-    EXPECT_EQ(a.VacationPassword, "vacpw");
-    EXPECT_EQ(a.AllowEmployeeVacationChange, -1);
-    EXPECT_EQ(a.NoCardNumbers, -1);
-    EXPECT_EQ(a.MinutesToUsePassword, 15);
-    EXPECT_EQ(a.AltViewerPath, "/usr/bin/mousepad");
-    EXPECT_EQ(a.SecondsToRetest, 25);
-    EXPECT_EQ(a.AskPasswordBeforeTest, -1);
-    EXPECT_EQ(a.WelcomeMessage, "Hello there");
-    EXPECT_EQ(a.ScanBadgeMessage, "Scan now");
-    EXPECT_EQ(a.UnknownIdMessage, "Who are you?");
-    EXPECT_EQ(a.AutoStartEmailServer, -1);
-    EXPECT_EQ(a.EmailAttachments, 5);
-    EXPECT_EQ(a.AllowOfflineTesting, -1);
+    // Each value as text, behind a bar.
+    const auto values = [](const auto&... v) {
+        const auto text = [](const auto& x) {
+            if constexpr (std::is_arithmetic_v<std::decay_t<decltype(x)>>) {
+                char buffer[32];
+                std::snprintf(buffer, sizeof buffer, "%g", static_cast<double>(x));
+                return std::string(buffer);
+            } else {
+                return std::string(x);
+            }
+        };
+        return ((text(v) + "|") + ...);
+    };
+    EXPECT_EQ(values(a.ComboComport, a.PrinterFontSize, a.PrinterFontName, a.CompanyName, a.Simulation, a.AdminPassword,
+                     a.BarCodeFlag, a.NoMonitorFlag, a.IgnoreWorkgroup, a.UseLastChars, a.SkipChars, a.AddUnknownFlag,
+                     a.DefaultWorkGroup, a.DefaultWristMin, a.DefaultFootMin, a.DefaultWristMax, a.DefaultFootMax,
+                     a.DefaultWristRequired, a.DefaultFootRequired, a.CertWarnAdvanceDays, a.CertWarnIntervalDays,
+                     a.CertAccessMode, a.CertAccessPassword, a.ProximityComport, a.SkipProxBits, a.UseProxMiddleBits,
+                     a.TagType, a.ShowNonRequiredStrap, a.ShowLastPerson, a.VacationPassword,
+                     a.AllowEmployeeVacationChange, a.NoCardNumbers, a.MinutesToUsePassword, a.AltViewerPath,
+                     a.SecondsToRetest, a.AskPasswordBeforeTest, a.WelcomeMessage, a.ScanBadgeMessage,
+                     a.UnknownIdMessage, a.AutoStartEmailServer, a.EmailAttachments, a.AllowOfflineTesting),
+              "3|9.25|Lucida Console|Acme Inc.|-1|topsecret|1|-1|!X!|6|-2|3|QA|0.75|0.5|10|99.98|0|-1|14|7|2|certpw|"
+              "4|2|26|1|-1|-1|vacpw|-1|-1|15|/usr/bin/mousepad|25|-1|Hello there|Scan now|Who are you?|-1|5|-1|");
     // Type 3 is "type the ID": names hidden, IDs accepted, names not.
     EXPECT_EQ(a.EmployeeSelectionType, 3);
     EXPECT_EQ(a.DontShowNamesFlag, -1);

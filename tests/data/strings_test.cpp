@@ -1,7 +1,5 @@
 #include "data/strings.h"
 
-#include "support/station_fixture.h"
-
 #include <gtest/gtest.h>
 
 namespace zandolt {
@@ -25,19 +23,6 @@ TEST(Strings, TheCanadianBlockIsTheUnitedStatesOneAndEveryBlockHasTheSameIds)
     EXPECT_EQ(LoadResString(Language::EnglishUS, 160), "Welcome to ");
     EXPECT_EQ(LoadResString(Language::SpanishMexico, 160), "Bienvenidos a");
     EXPECT_EQ(LoadResString(static_cast<Language>(0x407), 159), "Welcome");
-}
-
-class StringsOfTheApp : public testing::StationTest
-{
-};
-
-TEST_F(StringsOfTheApp, TheAppSpeaksTheLanguageItChoseAtItsStart)
-{
-    // The App's overload follows the language the App holds.
-    app_->language = Language::SpanishMexico;
-    EXPECT_EQ(LoadResString(*app_, 161), "Inserta tu codigo de barras");
-    app_->language = Language::EnglishCanada;
-    EXPECT_EQ(LoadResString(*app_, 161), "Please scan your badge");
 }
 
 } // namespace

@@ -178,7 +178,8 @@ TEST_F(QtWidgets, ValuesSetByCodeAreNotSentBackAsTheUsersDoing)
     EXPECT_EQ(form.List1.listIndex(), -1);
     EXPECT_EQ(w<QListWidget>(form.List1)->selectedItems().size(), 0);
 
-    // Text set by code fires Change once, from the model.
+    // Text set by code fires Change once, from the model; the same text again is no change.
+    form.Text1.setText("code");
     form.Text1.setText("code");
     EXPECT_EQ(form.events, (std::vector<std::string>{"Text1_Change code"}));
 }
@@ -308,8 +309,6 @@ TEST_F(QtWidgets, TextBytesShowAsUtf8OrAsWindows1252)
     EXPECT_EQ(w<QLabel>(form.Label1)->text(), QString::fromUtf8("Jos\xC3\xA9"));
     form.Label1.setCaption("Jos\xC3\xA9");
     EXPECT_EQ(w<QLabel>(form.Label1)->text(), QString::fromUtf8("Jos\xC3\xA9"));
-    form.List1.setItems({"\x80 5"});
-    EXPECT_EQ(w<QListWidget>(form.List1)->item(0)->text(), QString::fromUtf8("\xE2\x82\xAC 5"));
 
     // What the user types goes back as UTF-8.
     auto* edit = w<QLineEdit>(form.Text1);

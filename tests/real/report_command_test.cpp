@@ -1,6 +1,8 @@
 // The report command line without its generators: what the arguments may be and what they become,
-// the report parameters a run sets from them and from the present moment, the choice of the
-// employee, and the exit codes. Stand-in generators record what they were given.
+// the report parameters a run sets from them and from the present moment, and the choice of the
+// employee. Stand-in generators record what they were given; the exit codes of a generator's
+// error path are the built program's tests.
+#include "data/settings_file.h"
 #include "platform/console/console_ui.h"
 #include "report_command.h"
 #include "station/err_msg_frm.h"
@@ -16,26 +18,19 @@ namespace {
 ReportParameters seen;
 int runs = 0;
 
-bool recordAndWrite(App& app)
+ReportOutcome recordAndWrite(App& app)
 {
     seen = app;
     ++runs;
-    return app.files.replace(app.ReportTxtPath, "t\r\n") == FileResult::Ok &&
-           app.files.replace(app.ReportCsvPath, "c\r\n") == FileResult::Ok;
+    const bool written = app.files.replace(app.ReportTxtPath, "t\r\n") == FileResult::Ok &&
+                         app.files.replace(app.ReportCsvPath, "c\r\n") == FileResult::Ok;
+    return written ? ReportOutcome::Done : ReportOutcome::Failed;
 }
 
-bool failWithMessage(App& app)
-{
-    ++runs;
-    app.ui.msgBox(" Error opening report file to write", msgbox::OKOnly, "");
-    return false;
-}
-
-const std::vector<ReportKind> Kinds = {
-    {"monthly", recordAndWrite, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
-    {"individual", recordAndWrite, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
-    {"attendance", recordAndWrite, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
-    {"broken", failWithMessage, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
+const std::vector<ReportCommandKind> Kinds = {
+    {"monthly", recordAndWrite, &report_kinds::Monthly},
+    {"individual", recordAndWrite, &report_kinds::Individual},
+    {"attendance", recordAndWrite, &report_kinds::Attendance},
 };
 
 ParsedArguments parse(std::vector<std::string> args)
@@ -148,15 +143,18 @@ TEST_F(ReportRun, AbsentOptionsTakeThePresentMomentAndMeanEverything)
     // The two files' full paths, one a line.
     EXPECT_EQ(out.str(), path("REPORT.TXT") + "\n" + path("REPORT.CSV") + "\n");
     EXPECT_EQ(read("REPORT.TXT"), "t\r\n");
+    // A single blank is the station's way of saying every group.
+    ASSERT_EQ(run({"monthly", "--group", " "}), ReportDone);
+    EXPECT_EQ(seen.ReportWorkGroup, "");
 }
 
-TEST_F(ReportRun, AnEmployeeIsTheFirstRowOfThatNameInAnyCaseButTheIndividualLogTakesTheNameAsTyped)
+TEST_F(ReportRun, AnEmployeeIsTheRowOfThatSpellingElseTheFirstInAnyCaseButTheIndividualLogTakesTheName)
 {
     ASSERT_EQ(run({"monthly", "--employee", "doe, JANE"}), ReportDone);
     EXPECT_EQ(seen.ReportEmployeeIndex, 1);
     EXPECT_EQ(seen.ReportEmployeeName, "Doe, Jane");
     ASSERT_EQ(run({"attendance", "--employee", "DOE, JANE", "--now", "2026-03-01T00:00:00"}), ReportDone);
-    EXPECT_EQ(seen.ReportEmployeeIndex, 1);
+    EXPECT_EQ(seen.ReportEmployeeIndex, 2);
     // The individual log selects lines of the log, where a former employee still stands.
     ASSERT_EQ(run({"individual", "--employee", "Gone, Long"}), ReportDone);
     EXPECT_EQ(seen.ReportEmployeeIndex, -1);
@@ -167,21 +165,36 @@ TEST_F(ReportRun, AnEmployeeIsTheFirstRowOfThatNameInAnyCaseButTheIndividualLogT
     EXPECT_EQ(runs, 0);
     EXPECT_EQ(out.str(), "");
     EXPECT_NE(err.str().find("no employee is named \"Doe, Jan\""), std::string::npos) << err.str();
+
+    // A file in Windows-1252 and a terminal in UTF-8: the name and the group are compared as the
+    // file spells them.
+    write("NAMES.TXT", "# one\r\n# two\r\nSmith, Al, A-1\r\nM\xFCller, J\xF6rg, M\xFC-7\r\n");
+    ASSERT_EQ(run({"monthly", "--employee", "M\xC3\xBCller, J\xC3\xB6rg", "--group", "M\xC3\xBC"}), ReportDone);
+    EXPECT_EQ(seen.ReportEmployeeIndex, 1);
+    EXPECT_EQ(seen.ReportWorkGroup, "M\xFC");
+    ASSERT_EQ(run({"individual", "--employee", "M\xC3\xBCller, J\xC3\xB6rg"}), ReportDone);
+    EXPECT_EQ(seen.ReportEmployeeName, "M\xFCller, J\xF6rg");
 }
 
-TEST_F(ReportRun, AGeneratorsErrorPathExitsOneWithoutPaths)
+TEST_F(ReportRun, EachKindWritesTheFilesOfTheStationsReportOfThatName)
 {
-    EXPECT_EQ(run({"broken"}), ReportFailed);
-    EXPECT_EQ(runs, 1);
-    EXPECT_EQ(out.str(), "");
-    EXPECT_EQ(ui().messages().back().prompt, " Error opening report file to write");
+    // The file names of the Reports menu's entries; the exception reports share theirs.
+    const std::vector<std::string> names{"REPORT", "EXCEPT", "EXCEPT",   "DAILY",
+                                         "INDIV",  "CERTIF", "VACATION", "ATTEND"};
+    ReadIniFile(*app_);
+    ASSERT_EQ(ReportCommandKinds().size(), names.size());
+    for (size_t k = 0; k < names.size(); ++k) {
+        const ReportKind& report = *ReportCommandKinds()[k].report;
+        EXPECT_EQ((*app_).*report.textPath, path(names[k] + ".TXT")) << ReportCommandKinds()[k].name;
+        EXPECT_EQ((*app_).*report.csvPath, path(names[k] + ".CSV")) << ReportCommandKinds()[k].name;
+    }
 }
 
 TEST(ConsoleUi, MessagesGoToTheStreamAndTakeTheDefaultButton)
 {
     // The timed error window of a station is written out and closed, so that its caller goes on.
     std::ostringstream messages;
-    console::ConsoleUi ui(messages);
+    console::ConsoleUi ui(messages, "zandolt-report");
     headless::HeadlessBackend backend(TempDir().path());
     Services services = backend.services();
     App app(Services{ui, services.clock, services.serial, services.printer, services.files, services.programs,
@@ -190,7 +203,10 @@ TEST(ConsoleUi, MessagesGoToTheStreamAndTakeTheDefaultButton)
     EXPECT_FALSE(app.errMsgFrm().loaded());
     EXPECT_EQ(ui.msgBox("Reset the logging file Log.txt?", msgbox::YesNo | msgbox::Question, "Log"), msgbox::Yes);
     EXPECT_EQ(ui.msgBox(" Error opening file", msgbox::OKCancel, ""), msgbox::OK);
-    EXPECT_EQ(messages.str(), "Error reading 1 Names.txt\nLog: Reset the logging file Log.txt?\n Error opening file\n");
+    // The program's name in front, as Unix tools have it; a text that begins with a blank keeps it.
+    EXPECT_EQ(messages.str(), "zandolt-report: Error reading 1 Names.txt\n"
+                              "zandolt-report: Log: Reset the logging file Log.txt?\n"
+                              "zandolt-report: Error opening file\n");
     ui.answerInput("Year?", "2024");
     EXPECT_EQ(ui.inputBox("Year?", "Year entry", "2026"), "2024");
     EXPECT_EQ(ui.inputBox("Month?", "", "11"), "11");

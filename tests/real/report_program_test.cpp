@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <sys/wait.h>
 
@@ -57,26 +58,19 @@ protected:
 
 TEST_F(ReportProgram, AnExceptionReportOfTheDayWithTheLocalesDatesAndItsPaths)
 {
-    // Jane has no test today and both straps required; Ed, wrist only, tested high; Rick's last
-    // test of the day is good, and his high test of yesterday does not count; the unknown name
-    // changes nothing.
+    // The rows are the generator's (tests/reports); here the C locale's long and short dates, the
+    // time span, --now, and the paths. Jane has no test today, Ed's wrist tested high.
     ASSERT_EQ(run("exception --now 2026-11-20T08:30:00 --from 7:00:00 --to 15:30:00"), 0) << err;
     EXPECT_EQ(out, path("EXCEPT.TXT") + "\n" + path("EXCEPT.CSV") + "\n");
     EXPECT_EQ(err, "");
-    EXPECT_EQ(
-        ReadTextFile(path("EXCEPT.TXT")),
-        std::string(" Demo Electronics ESD Protection Test Exception Report for Friday, November 20, 2026    as of "
-                    "11/20/2026 08:30:00\r\n"
-                    "    For Wrist strap, Left Heel, and Right Heel  from 7:0 - 15:30\r\n"
-                    " g=good, H=high, L=Low, x=not measured today, -=not assigned, S=Sick, T=Training, V=Vacation\r\n"
-                    " D=Disabled, h= Holiday, M=MiscAbs, N=NoReport, n= notTested, P=Personal, U=Unplanned, X=eXpired, "
-                    "4=4hours\r\n"
-                    "\r\n"
-                    "  #         USER             ID#           WLR\r\n") +
-            // The count in three characters and a blank, then the 39-character name column: a
-            // blank, the name, blanks to 35 less the lengths of name parts and ID, the ID, a blank.
-            "  1  Doe, Jane" + std::string(35 - 3 - 4 - 3, ' ') + "A-1 xxx\r\n" + "  2  Poe, Ed" +
-            std::string(35 - 3 - 2 - 3, ' ') + "B-3 H--\r\n");
+    const std::string text = ReadTextFile(path("EXCEPT.TXT"));
+    EXPECT_EQ(text.substr(0, text.find("\r\n  #")),
+              " Demo Electronics ESD Protection Test Exception Report for Friday, November 20, 2026    as of "
+              "11/20/2026 08:30:00\r\n"
+              "    For Wrist strap, Left Heel, and Right Heel  from 7:0 - 15:30\r\n"
+              " g=good, H=high, L=Low, x=not measured today, -=not assigned, S=Sick, T=Training, V=Vacation\r\n"
+              " D=Disabled, h= Holiday, M=MiscAbs, N=NoReport, n= notTested, P=Personal, U=Unplanned, X=eXpired, "
+              "4=4hours\r\n");
     EXPECT_EQ(ReadTextFile(path("EXCEPT.CSV")), "11/20/2026 ,   as of 11/20/2026 08:30:00\r\n"
                                                 "1, Doe, Jane, A-1, xxx\r\n"
                                                 "2, Poe, Ed, B-3, H--\r\n");
@@ -109,20 +103,33 @@ TEST_F(ReportProgram, TheAttendanceTableTakesItsYearFromTheCommandLine)
 TEST_F(ReportProgram, MessagesGoToStandardErrorAndTheExitCodeTellsTheOutcome)
 {
     // A month after the present one: the notice, taken as answered, and the year before.
+    // Each message is the station's text behind the program's name.
     EXPECT_EQ(run("monthly --now 2026-11-20T08:30:00 --month 12"), 0);
-    EXPECT_NE(err.find("The month specified is greater than this month, so will use the previous year data.\n"),
-              std::string::npos)
-        << err;
+    EXPECT_EQ(err, "zandolt-report: The month specified is greater than this month, so will use the previous year "
+                   "data.\n");
     EXPECT_EQ(out, path("REPORT.TXT") + "\n" + path("REPORT.CSV") + "\n");
     // A month of 13 passes, as at the station, and fails where the report is written.
     EXPECT_EQ(run("monthly --now 2026-11-20T08:30:00 --month 13"), 1);
-    EXPECT_NE(err.find(" Error opening report file to write\n"), std::string::npos) << err;
+    EXPECT_NE(err.find("\nzandolt-report: Error opening report file to write\n"), std::string::npos) << err;
     EXPECT_EQ(out, "");
     // A usage error says what is wrong, then how the command goes.
     EXPECT_EQ(run("monthly --month twelve"), 2);
     EXPECT_EQ(err.substr(0, err.find('\n')), "zandolt-report: --month wants a month number from 1, not \"twelve\"");
     EXPECT_NE(err.find("usage: zandolt-report KIND"), std::string::npos);
     EXPECT_EQ(out, "");
+}
+
+TEST_F(ReportProgram, ADirectoryWithoutTheStationsFilesIsSaidToBeTheWrongOne)
+{
+    // No report is made: an empty one would look like a site without employees.
+    std::filesystem::remove(path("NAMES.TXT"));
+    EXPECT_EQ(run("certification"), 1);
+    EXPECT_EQ(err, "zandolt-report: " + path("NAMES.TXT") + " is missing: is --dir the station's directory?\n");
+    EXPECT_EQ(out, "");
+    EXPECT_FALSE(FileExists(path("CERTIF.TXT")));
+    std::filesystem::remove(path("ZANDOLT.INI"));
+    EXPECT_EQ(run("certification"), 1);
+    EXPECT_EQ(err, "zandolt-report: " + path("ZANDOLT.INI") + " is missing: is --dir the station's directory?\n");
 }
 
 } // namespace

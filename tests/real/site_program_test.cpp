@@ -54,7 +54,7 @@ TEST_F(SiteProgram, MergePrintsItsCountsAndTellsOfRemovedDuplicates)
     EXPECT_EQ(out, "2 1 2\nduplicates removed\n");
     EXPECT_EQ(ReadTextFile(server("OUT.TXT")), a + "\r\n" + b + "\r\n");
     ASSERT_EQ(run("merge IN1.TXT NONE.TXT OUT.TXT"), 1);
-    EXPECT_EQ(err, "NONE.TXT not exist\n");
+    EXPECT_EQ(err, "zandolt-report: NONE.TXT not exist\n");
     EXPECT_EQ(run("merge IN1.TXT IN2.TXT"), 2);
     EXPECT_EQ(run("logsort --dir '" + server("none") + "'"), 2);
 }
@@ -77,15 +77,17 @@ TEST_F(SiteProgram, TheNamesJobsRunToTheirEndAndSayWhichStationWasOutOfReach)
     WriteTextFile(station("st1/Names.txt"), "# h\r\n# h\r\nPoe, Ed, 3" + Rest + "1\r\n");
     std::filesystem::last_write_time(station("st1/Names.txt"),
                                      std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
-    const std::string gone = station("gone") + " can not be accessed.  Please check the network connections\n";
+    const std::string gone =
+        "zandolt-report: " + station("gone") + " can not be accessed.  Please check the network connections\n";
     EXPECT_EQ(run("getnames"), 1);
     EXPECT_EQ(err, gone);
     const std::string gathered = ReadTextFile(server("NAMES.TXT"));
     EXPECT_NE(gathered.find("Poe, Ed"), std::string::npos);
 
     EXPECT_EQ(run("sendnames"), 1);
-    EXPECT_EQ(err, station("gone") + " can not be accessed or their are no other files in the directory.  Please "
-                                     "check the network connections\n");
+    EXPECT_EQ(err, "zandolt-report: " + station("gone") +
+                       " can not be accessed or their are no other files in the directory.  Please "
+                       "check the network connections\n");
     EXPECT_EQ(ReadTextFile(station("st1/Names.txt")), gathered);
 
     // The sort asks on the terminal: anything but yes changes nothing.

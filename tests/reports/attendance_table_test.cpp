@@ -49,7 +49,7 @@ TEST_F(AttendanceTableTest, TheYearsTestsOfThatEmployeeAreMarkedOverTheLetters)
     // The tests of 2 January, 1 March (a garbled one) and 31 December cover S, T and X; the
     // namesake's, the wrong case's, the "*" line's and last year's tests mark nothing.
     ui().answerInputBox("Year?", "2026");
-    EXPECT_TRUE(GenerateAttendanceTable(*app_));
+    EXPECT_EQ(GenerateAttendanceTable(*app_), ReportOutcome::Done);
     EXPECT_EQ(app_->ReportMonth, 11);
     EXPECT_EQ(read("ATTEND.TXT"), heading + Lines({"01  V  *  " + Repeat("A  ", 29), "02  " + Repeat("A  ", 27) + "h  ",
                                                    "03  *  " + Repeat("A  ", 30), month("04", 30), month("05", 31),
@@ -69,7 +69,7 @@ TEST_F(AttendanceTableTest, AnotherYearsTestsLieOnThePresentCalendarUnderThePres
 {
     // 10 February 2025 is day 41, shown in February of the table; the heading keeps 2026.
     ui().answerInputBox("Year?", "2025");
-    EXPECT_TRUE(GenerateAttendanceTable(*app_));
+    EXPECT_EQ(GenerateAttendanceTable(*app_), ReportOutcome::Done);
     const std::string text = read("ATTEND.TXT");
     EXPECT_EQ(text.substr(0, heading.size()), heading);
     EXPECT_NE(text.find("\r\n01  V  S  A  "), std::string::npos);
@@ -83,7 +83,7 @@ TEST_F(AttendanceTableTest, ALeapPresentYearGivesFebruaryItsTwentyNinthDay)
     now(2028, 6, 1, 8, 0, 0);
     app_->Attendance[0] = AttendanceWith({{60, 'T'}, {61, 'S'}});
     ui().answerInputBox("Year?", "2028");
-    EXPECT_TRUE(GenerateAttendanceTable(*app_));
+    EXPECT_EQ(GenerateAttendanceTable(*app_), ReportOutcome::Done);
     EXPECT_EQ(app_->ReportMonth, 6);
     const std::string text = read("ATTEND.TXT");
     EXPECT_NE(text.find("Leave Status in 2028 for Jane Doe ID# A-1\r\n"), std::string::npos);
@@ -96,7 +96,7 @@ TEST_F(AttendanceTableTest, NoYearEndsQuietlyAndAMissingLogTakesTheScanErrorPath
     for (const char* answer : {"0", "", "abc"}) {
         app_->ReportMonth = 5;
         ui().answerInputBox("Year?", answer);
-        EXPECT_FALSE(GenerateAttendanceTable(*app_)) << answer;
+        EXPECT_EQ(GenerateAttendanceTable(*app_), ReportOutcome::Failed) << answer;
         EXPECT_EQ(app_->ReportMonth, 0) << answer;
     }
     EXPECT_FALSE(exists("ATTEND.TXT"));
@@ -106,14 +106,14 @@ TEST_F(AttendanceTableTest, NoYearEndsQuietlyAndAMissingLogTakesTheScanErrorPath
     // A log that breaks off in its second line is no complete scan.
     backend_->files.breakPieceReadsAfter(150);
     ui().answerInputBox("Year?", "2026");
-    EXPECT_FALSE(GenerateAttendanceTable(*app_));
+    EXPECT_EQ(GenerateAttendanceTable(*app_), ReportOutcome::Failed);
     EXPECT_EQ(prompts(), (std::vector<std::string>{"Year?", " Error opening Log file to read"}));
     backend_->files.breakPieceReadsAfter(-1);
     ui().clearRecords();
 
     std::remove(path("LOG.TXT").c_str());
     ui().answerInputBox("Year?", "2026");
-    EXPECT_FALSE(GenerateAttendanceTable(*app_));
+    EXPECT_EQ(GenerateAttendanceTable(*app_), ReportOutcome::Failed);
     EXPECT_EQ(prompts(), (std::vector<std::string>{"Year?", " Error opening Log file to read"}));
     EXPECT_FALSE(exists("ATTEND.TXT"));
     EXPECT_FALSE(exists("ATTEND.CSV"));

@@ -34,7 +34,7 @@ protected:
 TEST_F(CertificationReportTest, ListsWhoExpiredByTheDateInTableOrder)
 {
     // Expired on the date itself counts; the day after does not. The CSV keeps the whole name.
-    EXPECT_TRUE(GenerateCertificationReport(*app_));
+    EXPECT_EQ(GenerateCertificationReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("CERTIF.TXT"), heading + Lines({"  1 " + doe + "1, 11/20/2026", "  2 " + roe + "2, 11/22/2026",
                                                    "  3 " + longName + "2, 1/5/2020"}));
     EXPECT_EQ(read("CERTIF.CSV"),
@@ -48,17 +48,17 @@ TEST_F(CertificationReportTest, GroupAndEmployeeFiltersNumberTheRowsAfresh)
 {
     // The group must match exactly, case included; one employee is row 1 in both files.
     app_->ReportWorkGroup = "A";
-    EXPECT_TRUE(GenerateCertificationReport(*app_));
+    EXPECT_EQ(GenerateCertificationReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("CERTIF.TXT"), heading + Lines({"  1 " + doe + "1, 11/20/2026", "  2 " + longName + "2, 1/5/2020"}));
 
     app_->ReportWorkGroup = "a";
-    EXPECT_TRUE(GenerateCertificationReport(*app_));
+    EXPECT_EQ(GenerateCertificationReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("CERTIF.TXT"), heading);
     EXPECT_EQ(read("CERTIF.CSV"), Lines({"11/22/2026"}));
 
     app_->ReportWorkGroup.clear();
     app_->ReportEmployeeIndex = 1;
-    EXPECT_TRUE(GenerateCertificationReport(*app_));
+    EXPECT_EQ(GenerateCertificationReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("CERTIF.TXT"), heading + Lines({"  1 " + roe + "2, 11/22/2026"}));
     EXPECT_EQ(read("CERTIF.CSV"), Lines({"11/22/2026", "1, Roe, Rick, B-2, 2, 11/22/26"}));
 }

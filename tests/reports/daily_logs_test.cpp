@@ -42,7 +42,7 @@ TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAnEmptyDayG
 {
     // Short values get blanks in front up to seven characters, a longer one is kept whole; "ComFail"
     // becomes "Com" with its "*" columns widened; the scan stops at the 16th, losing the late line.
-    EXPECT_TRUE(GenerateDailyLog(*app_));
+    EXPECT_EQ(GenerateDailyLog(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("DAILY.TXT"), Lines({kDoe + ", 3/15/2026,  08:01:02, Wok, Lok, Rok,  01.23,  04.56, 07.89",
                                         kDoe + ", 3/15/2026,  08:02:10, W- , Lhi, Rok,      -, 100.00, 07.89",
                                         kPoe + ", 3/15/2026,  08:03:40, Com,  * ,  * ,      *,      *,  *,  *",
@@ -58,25 +58,29 @@ TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAnEmptyDayG
 
     // A day without tests gives two empty files.
     app_->ReportDate = DateSerial(2026, 3, 13);
-    EXPECT_TRUE(GenerateDailyLog(*app_));
+    EXPECT_EQ(GenerateDailyLog(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("DAILY.TXT"), "");
     EXPECT_EQ(read("DAILY.CSV"), "");
 }
 
-TEST_F(DailyLogTest, AMissingLogOrOneThatBreaksOffMidwayAbandonsTheReportAndKeepsTheOldFiles)
+TEST_F(DailyLogTest, AMissingLogOrOneThatBreaksOffMidwayLeavesTheFilesWithTheLinesWrittenBefore)
 {
+    // Both files are opened before the log: a missing log leaves them empty, not as they were.
     write("DAILY.TXT", "old text");
     write("DAILY.CSV", "old csv");
     app_->LogPath = path("missing/LOG.TXT");
-    EXPECT_FALSE(GenerateDailyLog(*app_));
-    // The read fails inside the third line, after the first selected one.
+    EXPECT_EQ(GenerateDailyLog(*app_), ReportOutcome::FailedWithText);
+    EXPECT_EQ(read("DAILY.TXT"), "");
+    EXPECT_EQ(read("DAILY.CSV"), "");
+    // The read fails inside the third line, after the first selected one, which both files keep.
     app_->LogPath = path("LOG.TXT");
     backend_->files.breakPieceReadsAfter(250);
-    EXPECT_FALSE(GenerateDailyLog(*app_));
+    EXPECT_EQ(GenerateDailyLog(*app_), ReportOutcome::FailedWithText);
     EXPECT_EQ(prompts(), (std::vector<std::string>{" Error opening Log file to read for daily report",
                                                    " Error Generating Daily Log"}));
-    EXPECT_EQ(read("DAILY.TXT"), "old text");
-    EXPECT_EQ(read("DAILY.CSV"), "old csv");
+    EXPECT_EQ(read("DAILY.TXT"), Lines({kDoe + ", 3/15/2026,  08:01:02, Wok, Lok, Rok,  01.23,  04.56, 07.89"}));
+    EXPECT_EQ(read("DAILY.CSV"), Lines({"Doe, Jane           , A-1                , 3/15/2026,  08:01:02, Wok, Lok, "
+                                        "Rok, 01.23, 04.56, 07.89"}));
     EXPECT_FALSE(backend_->ui.busy());
 }
 
@@ -103,7 +107,7 @@ TEST_F(IndividualLogTest, TheRangeOfOneNameWithCaseWhateverTheId)
 {
     // The namesake with another ID is the same name; "doe, jane" is not. A trailing blank of the
     // log line stays in both files.
-    EXPECT_TRUE(GenerateIndividualLog(*app_));
+    EXPECT_EQ(GenerateIndividualLog(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("INDIV.TXT"), Lines({kDoe + ", 3/14/2026,  10:00:00, Wok, L- , R- ,  00.90,      -, - ",
                                         " Doe, Jane" + Blanks(25) +
                                             "B-7 , 3/15/2026,  10:03:00, Wok, Lok, Rok,  "
@@ -117,7 +121,7 @@ TEST_F(IndividualLogTest, TheRangeOfOneNameWithCaseWhateverTheId)
 TEST_F(IndividualLogTest, EveryoneInFileOrderUpToTheFirstLineAfterTheRange)
 {
     app_->ReportEmployeeName.clear();
-    EXPECT_TRUE(GenerateIndividualLog(*app_));
+    EXPECT_EQ(GenerateIndividualLog(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("INDIV.CSV"),
               Lines({"Doe, Jane           , A-1                , 3/14/2026,  10:00:00, Wok, L- , R- , 00.90, -, - ",
                      "doe, jane           , A-1                , 3/14/2026,  10:01:00, Wlo, Lok, Rok, 00.50, 01.00, "

@@ -62,7 +62,7 @@ TEST_F(ExceptionReports, TheDaysExceptionsDifferBetweenTheTextAndTheCsv)
          LogLine("Lea, Vee, A-8", "11-21-2026", "07:00:00"), // the next day ends the scan
          LogLine("Nix, Ned, A-5", "11-20-2026", "07:40:00")});
     app_->ReportDate = DateSerial(2026, 11, 20);
-    ASSERT_TRUE(GenerateExceptionReport(*app_));
+    ASSERT_EQ(GenerateExceptionReport(*app_), ReportOutcome::Done);
     EXPECT_TRUE(prompts().empty());
     EXPECT_FALSE(ui().busy());
 
@@ -81,7 +81,7 @@ TEST_F(ExceptionReports, TheDaysExceptionsDifferBetweenTheTextAndTheCsv)
     app_->ReportWorkGroup = "IG";
     app_->ExceptionStartTime = 6 * 3600 + 5 * 60;
     app_->ExceptionStopTime = 18 * 3600;
-    ASSERT_TRUE(GenerateExceptionReport(*app_));
+    ASSERT_EQ(GenerateExceptionReport(*app_), ReportOutcome::Done);
     text =
         Heading(" Acme ESD Protection Test Exception Report for Friday, November 20, 2026    as of 11/22/2026 14:30:20",
                 "    For Wrist strap, Left Heel, and Right Heel  from 6:5 - 18:0");
@@ -93,7 +93,7 @@ TEST_F(ExceptionReports, TheDaysExceptionsDifferBetweenTheTextAndTheCsv)
     // One employee by number.
     app_->ReportWorkGroup = "";
     app_->ReportEmployeeIndex = 5;
-    ASSERT_TRUE(GenerateExceptionReport(*app_));
+    ASSERT_EQ(GenerateExceptionReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(lines("EXCEPT.TXT").back(), "  1  Un, Ted" + Blanks(27) + "B-6 xxx");
     EXPECT_EQ(lines("EXCEPT.CSV").back(), "1, Un, Ted, B-6, xxx");
 }
@@ -116,7 +116,7 @@ TEST_F(ExceptionReports, TheTwiceTestedReportWantsTwoTestsMoreThanThreeHoursApar
          LogLine("Late, Line, A-9", "11-23-2026", "01:00:00"), // a later date ends the scan
          LogLine("Old, Otto, A-5", "11-22-2026", "09:00:00")});
     app_->ReportDate = DateSerial(2026, 11, 22);
-    ASSERT_TRUE(GenerateTwiceTestedReport(*app_));
+    ASSERT_EQ(GenerateTwiceTestedReport(*app_), ReportOutcome::Done);
 
     std::vector<std::string> text = Heading(
         " Acme ESD Protection Twice Tested Exception Report for Sunday, November 22, 2026    as of 11/22/2026 10:00:30",
@@ -136,9 +136,9 @@ TEST_F(ExceptionReports, AGoodSingleTestIsAnExceptionOnlyInTheTwiceTestedText)
     employees({Person("Doe", "Jane", "A-1")});
     log({LogLine("Doe, Jane, A-1", "11-22-2026", "08:00:00")});
     app_->ReportDate = DateSerial(2026, 11, 22);
-    ASSERT_TRUE(GenerateExceptionReport(*app_));
+    ASSERT_EQ(GenerateExceptionReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(lines("EXCEPT.TXT").size(), 6u); // nobody: the heading alone
-    ASSERT_TRUE(GenerateTwiceTestedReport(*app_));
+    ASSERT_EQ(GenerateTwiceTestedReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(lines("EXCEPT.TXT").back(), "  1  Doe, Jane" + Blanks(25) + "A-1 ggg  08:00" + Blanks(7));
     EXPECT_EQ(lines("EXCEPT.CSV").size(), 1u);
 }
@@ -150,9 +150,9 @@ TEST_F(ExceptionReports, AnUnreadableLogFailsWithItsMessageAndADateOfZeroStillWr
     write("EXCEPT.TXT", "old text\r\n");
     write("EXCEPT.CSV", "old csv\r\n");
     app_->ReportDate = DateSerial(2026, 11, 22);
-    EXPECT_FALSE(GenerateExceptionReport(*app_));
+    EXPECT_EQ(GenerateExceptionReport(*app_), ReportOutcome::Failed);
     log({LogLine("Doe, Jane, A-1", "11-22-2026", "08:00:00")}, "Doe, Jane, A-1, 11-22");
-    EXPECT_FALSE(GenerateTwiceTestedReport(*app_));
+    EXPECT_EQ(GenerateTwiceTestedReport(*app_), ReportOutcome::Failed);
     EXPECT_EQ(prompts(), std::vector<std::string>(2, " Error opening " + path("LOG.TXT") + " to read"));
     EXPECT_EQ(read("EXCEPT.TXT"), "old text\r\n");
     EXPECT_EQ(read("EXCEPT.CSV"), "old csv\r\n");
@@ -161,7 +161,7 @@ TEST_F(ExceptionReports, AnUnreadableLogFailsWithItsMessageAndADateOfZeroStillWr
     // A date of 0 is 30 December 1899: every line lies after it.
     log({LogLine("Doe, Jane, A-1", "11-22-2026", "08:00:00")});
     app_->ReportDate = 0;
-    ASSERT_TRUE(GenerateExceptionReport(*app_));
+    ASSERT_EQ(GenerateExceptionReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(
         lines("EXCEPT.TXT")[0],
         " Acme ESD Protection Test Exception Report for Saturday, December 30, 1899    as of 11/22/2026 10:00:30");

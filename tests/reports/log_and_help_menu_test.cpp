@@ -142,7 +142,7 @@ TEST_F(LogAndHelpMenu, ManualAndWebPagesGoThroughTheDesktopsOpenerWithTheirFallb
     EXPECT_EQ(ui().messages()[1].prompt,
               "This is Zandolt version 7.12\r\n  Please close this Zandolt program before installing any updates");
     ASSERT_EQ(programs.runs.size(), 1u);
-    EXPECT_EQ(programs.runs[0].commandLine.rfind("x-www-browser '", 0), 0u);
+    EXPECT_EQ(programs.runs[0].commandLine.rfind("'x-www-browser' '", 0), 0u);
     EXPECT_EQ(lastMessage().rfind("Could not open browser. Please open your web browser manually and go to ", 0), 0u);
 }
 

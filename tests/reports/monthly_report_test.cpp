@@ -87,7 +87,7 @@ TEST_F(MonthlyReport, AMonthOfTestsLeaveAndUnknownNamesWrittenAsTheRulesSay)
          "After, Stop, Z-4, 02-15-2026" + Good},
         "Cut, Off, Z-5, 02");
     app_->ReportMonth = 2;
-    ASSERT_TRUE(GenerateMonthlyReport(*app_));
+    ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
     EXPECT_TRUE(prompts().empty());
     EXPECT_FALSE(ui().busy());
 
@@ -127,7 +127,7 @@ TEST_F(MonthlyReport, ALaterMonthTakesLastYearAndTheFiltersNarrowOnlyTheRows)
          "Doe, Jane, A-1, 12-01-2026" + Good}); // this year's December is not last year's
     app_->ReportMonth = 12;
     app_->ReportWorkGroup = "A";
-    ASSERT_TRUE(GenerateMonthlyReport(*app_));
+    ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(prompts(), std::vector<std::string>{
                              "The month specified is greater than this month, so will use the previous year data."});
     std::vector<std::string> text = lines("REPORT.TXT");
@@ -147,7 +147,7 @@ TEST_F(MonthlyReport, ALaterMonthTakesLastYearAndTheFiltersNarrowOnlyTheRows)
     // present year's leave letter of 24 December stands over last year's test.
     app_->ReportWorkGroup = "";
     app_->ReportEmployeeIndex = 1;
-    ASSERT_TRUE(GenerateMonthlyReport(*app_));
+    ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
     text = lines("REPORT.TXT");
     ASSERT_EQ(text.size(), 9u);
     EXPECT_EQ(text[8], "  1  Roe, Rick" + Blanks(25) + "B-2 " + Days(31, {{24, "XXX"}}, " "));
@@ -160,7 +160,7 @@ TEST_F(MonthlyReport, FebruaryHasThePresentYearsLength)
     now(2028, 1, 10, 12, 0, 0);
     log({"Doe, Jane, A-1, 02-28-2027" + Good});
     app_->ReportMonth = 2;
-    ASSERT_TRUE(GenerateMonthlyReport(*app_));
+    ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
     const std::vector<std::string> text = lines("REPORT.TXT");
     ASSERT_GE(text.size(), 9u);
     EXPECT_EQ(text[6], ColumnLines(29)[0]);
@@ -175,7 +175,7 @@ TEST_F(MonthlyReport, TheUnknownNamesStopAtAThousand)
         logLines.push_back("U" + std::to_string(1000 + i) + ", X, Z-1, 02-03-2026" + Good);
     log(logLines);
     app_->ReportMonth = 2;
-    ASSERT_TRUE(GenerateMonthlyReport(*app_));
+    ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
     const std::vector<std::string> text = lines("REPORT.TXT");
     // Eight heading lines, five rows, two empty lines and the title, the names, an empty line.
     ASSERT_EQ(text.size(), 8u + 5 + 3 + 1000 + 1);
@@ -184,25 +184,27 @@ TEST_F(MonthlyReport, TheUnknownNamesStopAtAThousand)
     EXPECT_EQ(text[1016], "");
 }
 
-TEST_F(MonthlyReport, EachPhaseFailsWithItsMessageAndLeavesTheOldFiles)
+TEST_F(MonthlyReport, AFailedScanLeavesTheOldFilesAndAFailedFirstLineAnEmptyText)
 {
     write("REPORT.TXT", "old text\r\n");
     write("REPORT.CSV", "old csv\r\n");
     app_->ReportMonth = 2;
 
-    // No log at all, then a log whose last line of the month is cut off.
-    EXPECT_FALSE(GenerateMonthlyReport(*app_));
+    // No log at all, then a log whose last line of the month is cut off: nothing is written.
+    EXPECT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Failed);
     log({"Doe, Jane, A-1, 02-03-2026" + Good}, "Doe, Jane, A-1, 02-04-2026, 08:00");
-    EXPECT_FALSE(GenerateMonthlyReport(*app_));
-    // A month of 13 passes the scan, after the previous-year notice, and fails the text.
+    EXPECT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Failed);
+    EXPECT_EQ(read("REPORT.TXT"), "old text\r\n");
+    // A month of 13 passes the scan, after the previous-year notice; the text file is opened and
+    // its first line, which names the month, fails.
     log({"Doe, Jane, A-1, 02-03-2026" + Good});
     app_->ReportMonth = 13;
-    EXPECT_FALSE(GenerateMonthlyReport(*app_));
+    EXPECT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::FailedWithText);
     EXPECT_EQ(prompts(), (std::vector<std::string>{
                              " Error opening Log file to read", " Error opening Log file to read",
                              "The month specified is greater than this month, so will use the previous year data.",
                              " Error opening report file to write"}));
-    EXPECT_EQ(read("REPORT.TXT"), "old text\r\n");
+    EXPECT_EQ(read("REPORT.TXT"), "");
     EXPECT_EQ(read("REPORT.CSV"), "old csv\r\n");
     EXPECT_FALSE(ui().busy());
 }
@@ -212,7 +214,7 @@ TEST_F(MonthlyReport, AnEmptyTableGivesTheHeadingOfTheYear1899AndNoRows)
     employees({});
     log({"Doe, Jane, A-1, 02-03-2026" + Good});
     app_->ReportMonth = 2;
-    ASSERT_TRUE(GenerateMonthlyReport(*app_));
+    ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
     std::vector<std::string> text = Heading("February 1899", "11/22/2026 09:30:15", 28);
     text.insert(text.end(), {"", "",
                              "The following names were found in the log file but have been changed or deleted in "

@@ -42,7 +42,7 @@ TEST_F(ReportOutput, AFileReplacesTheOldOneWholeOrLeavesItWithTheMessage)
 
 using ReportPhases = testing::ReportSiteRows;
 
-TEST_F(ReportPhases, EachGeneratorSaysWhichOfItsTwoFilesItCouldNotWriteAndKeepsTheOldCsv)
+TEST_F(ReportPhases, EachGeneratorSaysWhichOfItsTwoFilesItCouldNotWriteAndTellsWhetherItWroteTheText)
 {
     App& a = *app_;
     add({"Doe", "Jane", "A-1"});
@@ -58,27 +58,25 @@ TEST_F(ReportPhases, EachGeneratorSaysWhichOfItsTwoFilesItCouldNotWriteAndKeepsT
     struct Case
     {
         std::string file;
-        std::function<bool(App&)> generate;
+        std::function<ReportOutcome(App&)> generate;
         std::string &txt, &csv;
         std::string txtMessage, csvMessage;
-        bool textBeforeCsv; // the daily logs open both files before they write either
     };
     const std::string daily = " Error opening daily log file to write";
     const std::string dailyCsv = " Error opening daily log .CSV file to write";
     const std::vector<Case> cases{
         {"REPORT", GenerateMonthlyReport, a.ReportTxtPath, a.ReportCsvPath, " Error opening report file to write",
-         " Error opening report .CSV file to write", true},
+         " Error opening report .CSV file to write"},
         {"EXCEPT", GenerateExceptionReport, a.ExceptTxtPath, a.ExceptCsvPath,
-         " Error opening exception report file to write", " Error opening exception report .CSV file to write", true},
+         " Error opening exception report file to write", " Error opening exception report .CSV file to write"},
         {"CERTIF", GenerateCertificationReport, a.CertifTxtPath, a.CertifCsvPath,
-         " Error opening certification report file to write", " Error opening certification report .CSV file to write",
-         true},
+         " Error opening certification report file to write", " Error opening certification report .CSV file to write"},
         {"VACATION", GenerateVacationReport, a.VacationTxtPath, a.VacationCsvPath,
-         " Error opening vacation report file to write", " Error opening vacation report .CSV file to write", true},
+         " Error opening vacation report file to write", " Error opening vacation report .CSV file to write"},
         {"ATTEND", attendance, a.AttendTxtPath, a.AttendCsvPath, " Error opening report file to write",
-         " Error opening report .CSV file to write", true},
-        {"DAILY", GenerateDailyLog, a.DailyTxtPath, a.DailyCsvPath, daily, dailyCsv, false},
-        {"INDIV", GenerateIndividualLog, a.IndivTxtPath, a.IndivCsvPath, daily, dailyCsv, false},
+         " Error opening report .CSV file to write"},
+        {"DAILY", GenerateDailyLog, a.DailyTxtPath, a.DailyCsvPath, daily, dailyCsv},
+        {"INDIV", GenerateIndividualLog, a.IndivTxtPath, a.IndivCsvPath, daily, dailyCsv},
     };
     const auto last = [this] { return prompts().empty() ? std::string() : prompts().back(); };
     for (const Case& c : cases) {
@@ -86,15 +84,17 @@ TEST_F(ReportPhases, EachGeneratorSaysWhichOfItsTwoFilesItCouldNotWriteAndKeepsT
         write(c.file + ".TXT", "old text");
         write(c.file + ".CSV", "old csv");
         c.txt = path("missing/" + c.file + ".TXT");
-        EXPECT_FALSE(c.generate(a));
+        EXPECT_EQ(c.generate(a), ReportOutcome::Failed);
         EXPECT_EQ(last(), c.txtMessage);
         EXPECT_EQ(read(c.file + ".CSV"), "old csv");
 
+        // The text file is this run's, whole or (for the daily logs, which open both files before
+        // they write) empty.
         c.txt = path(c.file + ".TXT");
         c.csv = path("missing/" + c.file + ".CSV");
-        EXPECT_FALSE(c.generate(a));
+        EXPECT_EQ(c.generate(a), ReportOutcome::FailedWithText);
         EXPECT_EQ(last(), c.csvMessage);
-        EXPECT_EQ(read(c.file + ".TXT") != "old text", c.textBeforeCsv);
+        EXPECT_NE(read(c.file + ".TXT"), "old text");
         c.csv = path(c.file + ".CSV");
         EXPECT_FALSE(ui().busy());
     }

@@ -33,7 +33,7 @@ TEST_F(VacationReportTest, FebruaryShowsEachDaysLetterUnderItsNumber)
 {
     // February has the present year's 28 days; the letters of 31 January and 1 March stay out.
     app_->ReportMonth = 2;
-    EXPECT_TRUE(GenerateVacationReport(*app_));
+    EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(
         read("VACATION.TXT"),
         Lines({Blanks(45) + "Acme Monthly Vacation Report for February 2026    as of 11/22/2026 08:00:00", "",
@@ -54,7 +54,7 @@ TEST_F(VacationReportTest, AGroupNumbersTheTextRowsButTheCsvKeepsTheTableIndex)
     // Doe and Poe are rows 1 and 2 of the text; in the CSV they stay 1 and 3.
     app_->ReportMonth = 2;
     app_->ReportWorkGroup = "A";
-    EXPECT_TRUE(GenerateVacationReport(*app_));
+    EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::Done);
     const std::string text = read("VACATION.TXT");
     EXPECT_NE(text.find("\r\n  1 " + doe + "V  S  "), std::string::npos);
     EXPECT_NE(text.find("\r\n  2 " + poe + "-  "), std::string::npos);
@@ -66,7 +66,7 @@ TEST_F(VacationReportTest, AGroupNumbersTheTextRowsButTheCsvKeepsTheTableIndex)
 
     // A group with nobody in it leaves the heading alone.
     app_->ReportWorkGroup = "C";
-    EXPECT_TRUE(GenerateVacationReport(*app_));
+    EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::Done);
     const std::string headingOnly = read("VACATION.TXT");
     EXPECT_EQ(std::count(headingOnly.begin(), headingOnly.end(), '\n'), 4);
     EXPECT_EQ(read("VACATION.CSV"), Lines({"2, =Month, 2026, =Year, as of 11/22/2026 08:00:00"}));
@@ -78,7 +78,7 @@ TEST_F(VacationReportTest, ALaterMonthIsLastYearsAfterTheNotice)
     add({"Zed", "Amy", "C-4", "1", 0, AttendanceWith({{334, 'V'}, {335, 'S'}, {365, 'T'}, {366, 'X'}})});
     app_->ReportMonth = 12;
     app_->ReportWorkGroup = "C";
-    EXPECT_TRUE(GenerateVacationReport(*app_));
+    EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(prompts(), std::vector<std::string>{kNotice});
     EXPECT_EQ(read("VACATION.TXT"),
               Lines({Blanks(45) + "Acme Monthly Vacation Report for December 2025    as of 11/22/2026 08:00:00", "",
@@ -97,7 +97,7 @@ TEST_F(VacationReportTest, FebruaryOfLastYearHasThePresentYearsLength)
     add({"Zed", "Amy", "C-4", "1", 0, AttendanceWith({{32, 'S'}, {59, 'V'}, {60, 'X'}})});
     app_->ReportMonth = 2;
     app_->ReportWorkGroup = "C";
-    EXPECT_TRUE(GenerateVacationReport(*app_));
+    EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(prompts(), std::vector<std::string>{kNotice});
     EXPECT_EQ(read("VACATION.CSV"), Lines({"2, =Month, 2028, =Year, as of 1/15/2029 09:30:00",
                                            "4, Zed, Amy, C-4, S, " + Repeat("-, ", 26) + "V, "}));
@@ -105,11 +105,14 @@ TEST_F(VacationReportTest, FebruaryOfLastYearHasThePresentYearsLength)
 
 TEST_F(VacationReportTest, AMonthOutOfRangePassesTheNoticeAndFailsInTheTextPhase)
 {
-    // Month 13 passes the notice and fails in the text phase; the CSV is not touched.
+    // Month 13 passes the notice and fails in the first line of the text, which is left empty; the
+    // CSV is not touched.
+    write("VACATION.TXT", "old text");
     write("VACATION.CSV", "old csv");
     app_->ReportMonth = 13;
-    EXPECT_FALSE(GenerateVacationReport(*app_));
+    EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::FailedWithText);
     EXPECT_EQ(prompts(), (std::vector<std::string>{kNotice, " Error opening vacation report file to write"}));
+    EXPECT_EQ(read("VACATION.TXT"), "");
     EXPECT_EQ(read("VACATION.CSV"), "old csv");
     EXPECT_FALSE(backend_->ui.busy());
 }

@@ -69,13 +69,12 @@ TEST_F(TestVisit, APassIsShownAnsweredLoggedAndTheWindowClosesFiveSecondsLater)
 
 TEST_F(TestVisit, AFailureFlashesTheCartoonAndTheRetryThatPassesIsLoggedToo)
 {
+    // The verdict's words and the cartoon's flashing have tests of their own (tests/station).
     openTestWindow();
     tester(TesterMessage(0.5f, 12, 11.2f, "LO"));
     EXPECT_EQ(window().InsTitleLabel.caption(), "Wrist Low");
-    EXPECT_EQ(window().InsLabel.caption(), "Wrist strap is low. Check and try again.");
     EXPECT_EQ(window().InsLabel.backColor(), colors::Red);
     EXPECT_EQ(window().InsLabel.fontSize(), 12);
-    EXPECT_EQ(window().WristResultLabel.caption(), "**LOW** = .5 Meg");
     EXPECT_EQ(ui().beeps().size(), 9u);
     EXPECT_EQ(testerLine().writtenBytes(), "\xFE");
     EXPECT_EQ(lowPulseMs(), 108);
@@ -83,15 +82,7 @@ TEST_F(TestVisit, AFailureFlashesTheCartoonAndTheRetryThatPassesIsLoggedToo)
     EXPECT_TRUE(cartoon.visible());
     EXPECT_TRUE(app_->pressForm().visible());
     EXPECT_EQ(app_->TestBusyFlag, 0);
-
-    // The cartoon flashes the wrist alone.
-    bool wristLowSeen = false;
-    for (int i = 0; i < 4; ++i) {
-        ui().advance(500);
-        wristLowSeen = wristLowSeen || cartoon.ImageWLO.visible();
-        EXPECT_FALSE(cartoon.ImageLLO.visible() || cartoon.ImageRLO.visible() || cartoon.ImageLHI.visible());
-    }
-    EXPECT_TRUE(wristLowSeen);
+    ui().advance(2000);
 
     tester(PassMessage());
     EXPECT_FALSE(cartoon.loaded());
@@ -143,8 +134,6 @@ TEST_F(TestVisit, AGarbledMessageIsACommunicationFailureWithoutAnswerOrCartoon)
     EXPECT_TRUE(logLines().empty());
     ui().advance(20);
     EXPECT_EQ(window().InsTitleLabel.caption(), "Communications failure");
-    EXPECT_EQ(window().InsLabel.caption(), "Communications failure.  Try pressing the switch longer.");
-    EXPECT_EQ(window().WristResultLabel.caption(), "    -    ");
     EXPECT_EQ(testerLine().writtenBytes(), "");
     EXPECT_FALSE(app_->cartoonForm().visible());
     EXPECT_EQ(logLines(), std::vector<std::string>{Jane + "08:00:07, ComFail,  *,  *,  *,  *,  *,  *"});

@@ -50,7 +50,7 @@ int main(int argc, char** argv)
         fixedClock = std::make_unique<console::FixedClock>(*request.now);
     Clock& clock = fixedClock ? static_cast<Clock&>(*fixedClock) : systemClock;
 
-    console::ConsoleUi ui(std::cerr);
+    console::ConsoleUi ui(std::cerr, "zandolt-report");
     ui.answerInput("Year?", YearAnswer(request, clock.now()));
     qt::QtLocale locale;
     zandolt::system::PosixFiles files(dir.string());

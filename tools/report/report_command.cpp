@@ -4,11 +4,11 @@
 #include "data/dates.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
+#include "data/text_encoding.h"
 #include "reports/attendance_table.h"
 #include "reports/certification_report.h"
 #include "reports/daily_logs.h"
 #include "reports/exception_reports.h"
-#include "reports/log_scan.h"
 #include "reports/monthly_report.h"
 #include "reports/vacation_report.h"
 
@@ -17,17 +17,18 @@
 
 namespace zandolt {
 
-const std::vector<ReportKind>& ReportKinds()
+const std::vector<ReportCommandKind>& ReportCommandKinds()
 {
-    static const std::vector<ReportKind> kinds = {
-        {"monthly", GenerateMonthlyReport, &Settings::ReportTxtPath, &Settings::ReportCsvPath},
-        {"exception", GenerateExceptionReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
-        {"twice", GenerateTwiceTestedReport, &Settings::ExceptTxtPath, &Settings::ExceptCsvPath},
-        {"daily", GenerateDailyLog, &Settings::DailyTxtPath, &Settings::DailyCsvPath},
-        {"individual", GenerateIndividualLog, &Settings::IndivTxtPath, &Settings::IndivCsvPath},
-        {"certification", GenerateCertificationReport, &Settings::CertifTxtPath, &Settings::CertifCsvPath},
-        {"vacation", GenerateVacationReport, &Settings::VacationTxtPath, &Settings::VacationCsvPath},
-        {"attendance", GenerateAttendanceTable, &Settings::AttendTxtPath, &Settings::AttendCsvPath},
+    using namespace report_kinds;
+    static const std::vector<ReportCommandKind> kinds = {
+        {"monthly", GenerateMonthlyReport, &Monthly},
+        {"exception", GenerateExceptionReport, &Exceptions},
+        {"twice", GenerateTwiceTestedReport, &ExceptionsNotTestedTwice},
+        {"daily", GenerateDailyLog, &Daily},
+        {"individual", GenerateIndividualLog, &Individual},
+        {"certification", GenerateCertificationReport, &Certification},
+        {"vacation", GenerateVacationReport, &Vacation},
+        {"attendance", GenerateAttendanceTable, &Attendance},
     };
     return kinds;
 }
@@ -119,9 +120,9 @@ bool readMoment(std::string_view text, DateTime& now)
     return true;
 }
 
-const ReportKind* findKind(const std::vector<ReportKind>& kinds, const std::string& name)
+const ReportCommandKind* findKind(const std::vector<ReportCommandKind>& kinds, const std::string& name)
 {
-    for (const ReportKind& k : kinds)
+    for (const ReportCommandKind& k : kinds)
         if (name == k.name)
             return &k;
     return nullptr;
@@ -152,8 +153,8 @@ std::string readOption(ReportRequest& r, const std::string& option, const std::s
             return bad("a date MM/DD/YYYY");
         return set(option == "--date" ? r.date : option == "--start" ? r.start : r.stop, date);
     }
-    if (option == "--group")
-        return set(r.group, value);
+    if (option == "--group") // a single blank means every group, as at the station's prompt
+        return set(r.group, value == " " ? std::string() : value);
     if (option == "--employee")
         return value.empty() ? bad("a name \"Last, First\"") : set(r.employee, value);
     if (option == "--year")
@@ -163,17 +164,32 @@ std::string readOption(ReportRequest& r, const std::string& option, const std::s
     return "unknown option " + option;
 }
 
+// The row of a name given on the command line, which arrives in the terminal's UTF-8: compared as
+// the employee file spells it, its exact spelling first, then without regard to case.
+int employeeRow(const App& app, const std::string& typed)
+{
+    const std::optional<std::string> name = ComparableText(typed, app.NamesEncoding);
+    if (!name)
+        return -1;
+    const auto first = app.FullName.begin(), end = first + std::max(app.EmployeeCount, 0);
+    if (const auto exact = std::find(first, end, *name); exact != end)
+        return static_cast<int>(exact - first);
+    const auto folded =
+        std::find_if(first, end, [&](const std::string& full) { return EqualIgnoringCase(full, *name); });
+    return folded == end ? -1 : static_cast<int>(folded - first);
+}
+
 } // namespace
 
-std::string ReportUsage(const std::vector<ReportKind>& kinds)
+std::string ReportUsage(const std::vector<ReportCommandKind>& kinds)
 {
     std::string names;
-    for (const ReportKind& k : kinds)
+    for (const ReportCommandKind& k : kinds)
         names += std::string(names.empty() ? "" : ", ") + k.name;
     return UsageText + std::string("\nKIND is one of: ") + (names.empty() ? "(none in this build)" : names) + "\n";
 }
 
-ParsedArguments ParseReportArguments(const std::vector<std::string>& args, const std::vector<ReportKind>& kinds)
+ParsedArguments ParseReportArguments(const std::vector<std::string>& args, const std::vector<ReportCommandKind>& kinds)
 {
     ParsedArguments p;
     ReportRequest& r = p.request;
@@ -226,8 +242,18 @@ std::string YearAnswer(const ReportRequest& request, const DateTime& now)
 
 int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::ostream& err)
 {
-    const ReportKind& kind = *request.kind;
+    const ReportCommandKind& kind = *request.kind;
+    // Without the station's files the directory is almost always the wrong one; a report of no
+    // employees would hide that.
+    const auto missing = [&err](const std::string& path) {
+        err << "zandolt-report: " << path << " is missing: is --dir the station's directory?\n";
+        return ReportError;
+    };
+    if (!app.files.exists(IniFilePath(app)))
+        return missing(IniFilePath(app));
     ReadIniFile(app);
+    if (!app.files.exists(app.NamesPathFull))
+        return missing(app.NamesPathFull);
     ReadNamesFile(app);
 
     const DateTime now = app.clock.now();
@@ -236,7 +262,7 @@ int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::os
     app.ReportDate = request.date.value_or(today);
     app.ReportStartDate = request.start.value_or(today);
     app.ReportStopDate = request.stop.value_or(today);
-    app.ReportWorkGroup = request.group.value_or("");
+    app.ReportWorkGroup = InEncoding(request.group.value_or(""), app.NamesEncoding);
     app.ExceptionStartTime = request.from.value_or(StartOfDay);
     app.ExceptionStopTime = request.to.value_or(EndOfDay);
     app.ReportEmployeeIndex = -1;
@@ -245,15 +271,9 @@ int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::os
         // The individual log picks lines by the name in the log, where a former employee still
         // stands; every other report picks a row of the table.
         if (std::string(kind.name) == "individual") {
-            app.ReportEmployeeName = *request.employee;
+            app.ReportEmployeeName = InEncoding(*request.employee, app.NamesEncoding);
         } else {
-            // The first row of that name without regard to case, as the reports find a logged name.
-            const std::string& name = *request.employee;
-            const size_t comma = name.find(", ");
-            const int row = comma == std::string::npos
-                                ? -1
-                                : EmployeeLookup(app).find(std::string_view(name).substr(0, comma),
-                                                           std::string_view(name).substr(comma + 2));
+            const int row = employeeRow(app, *request.employee);
             if (row < 0) {
                 err << "zandolt-report: no employee is named \"" << *request.employee << "\"\n\n" << ReportUsage();
                 return ReportUsageError;
@@ -263,9 +283,10 @@ int RunReport(App& app, const ReportRequest& request, std::ostream& out, std::os
         }
     }
 
-    if (!kind.generate(app))
-        return ReportFailed;
-    out << app.files.resolve(app.*kind.textPath) << '\n' << app.files.resolve(app.*kind.csvPath) << '\n';
+    if (kind.generate(app) != ReportOutcome::Done)
+        return ReportError;
+    out << app.files.resolve(app.*kind.report->textPath) << '\n'
+        << app.files.resolve(app.*kind.report->csvPath) << '\n';
     return ReportDone;
 }
 

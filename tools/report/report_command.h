@@ -5,6 +5,7 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "reports/report_frame.h"
 #include "reports/report_parameters.h"
 
 #include <optional>
@@ -15,26 +16,24 @@
 namespace zandolt {
 
 class App;
-struct Settings;
 
-// A report the program can make: its name on the command line, its generator and the settings that
-// hold the paths of its text and CSV files.
-struct ReportKind
+// A report the program can make: its name on the command line, its generator, and the station's
+// report of that kind, whose two files it writes.
+struct ReportCommandKind
 {
     const char* name;
-    bool (*generate)(App& app);
-    std::string Settings::*textPath;
-    std::string Settings::*csvPath;
+    ReportOutcome (*generate)(App& app);
+    const ReportKind* report;
 };
 
 // The kinds in the order the usage text lists them.
-const std::vector<ReportKind>& ReportKinds();
+const std::vector<ReportCommandKind>& ReportCommandKinds();
 
 // The command line as read; an option that is absent stays empty and takes its default from the
 // present moment when the report runs.
 struct ReportRequest
 {
-    const ReportKind* kind = nullptr;
+    const ReportCommandKind* kind = nullptr;
     std::string dir = ".";
     std::optional<DateTime> now;
     std::optional<int> month;
@@ -54,13 +53,13 @@ struct ParsedArguments
 // Reads the arguments behind the program's name; KIND is one of `kinds`. --help asks for the usage
 // text.
 ParsedArguments ParseReportArguments(const std::vector<std::string>& args,
-                                     const std::vector<ReportKind>& kinds = ReportKinds());
+                                     const std::vector<ReportCommandKind>& kinds = ReportCommandKinds());
 
-std::string ReportUsage(const std::vector<ReportKind>& kinds = ReportKinds());
+std::string ReportUsage(const std::vector<ReportCommandKind>& kinds = ReportCommandKinds());
 
 // Exit codes of the program.
 constexpr int ReportDone = 0;
-constexpr int ReportFailed = 1; // the generator took its error path
+constexpr int ReportError = 1; // the generator took its error path
 constexpr int ReportUsageError = 2;
 
 // The answer to the attendance table's year question.

@@ -28,7 +28,8 @@ constexpr int Done = 0, Failed = 1, UsageError = 2;
 struct ConsoleStation
 {
     ConsoleStation(std::ostream& err, const std::string& dir)
-        : ui(err), files(dir), programs(files), app(Services{ui, clock, serial, printer, files, programs, locale})
+        : ui(err, "zandolt-report"), files(dir), programs(files),
+          app(Services{ui, clock, serial, printer, files, programs, locale})
     {
     }
 

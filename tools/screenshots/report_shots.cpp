@@ -63,7 +63,7 @@ bool ShootMonthlyReport(ShotContext& ctx, const QString& file)
     app.ReportWorkGroup.clear();
     app.ReportEmployeeName.clear();
     app.ReportEmployeeIndex = -1;
-    if (!GenerateMonthlyReport(app)) {
+    if (GenerateMonthlyReport(app) != ReportOutcome::Done) {
         std::fprintf(stderr, "zandolt_screenshots: the monthly report was not written\n");
         return false;
     }

@@ -20,13 +20,16 @@ int DefaultAnswer(int buttons)
     }
 }
 
-ConsoleUi::ConsoleUi(std::ostream& messages) : messages_(messages), progressWindows_{"LogSortForm", "NamesForm"} {}
+ConsoleUi::ConsoleUi(std::ostream& messages, std::string program)
+    : messages_(messages), program_(std::move(program)), progressWindows_{"LogSortForm", "NamesForm"}
+{
+}
 
 void ConsoleUi::write(const std::string& title, const std::string& text)
 {
-    if (!title.empty())
-        messages_ << title << ": ";
-    messages_ << text << '\n';
+    const std::string message = title.empty() ? text : title + ": " + text;
+    // The station's own text stays as it is; most of its messages begin with a blank already.
+    messages_ << program_ << (message.starts_with(' ') ? ":" : ": ") << message << '\n';
     messages_.flush();
     ++messagesWritten_;
 }
@@ -117,7 +120,7 @@ int ConsoleUi::msgBox(const std::string& prompt, int buttons, const std::string&
     const int set = buttons & msgbox::ButtonMask;
     if (set == msgbox::YesNo || set == msgbox::YesNoCancel) {
         if (questions_) {
-            messages_ << prompt << " [y/N] ";
+            messages_ << program_ << ": " << prompt << " [y/N] ";
             messages_.flush();
             std::string answer;
             if (!std::getline(*questions_, answer))

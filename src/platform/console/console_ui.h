@@ -1,6 +1,6 @@
 // The window service of a program without a window system. Nothing is drawn: every message a
-// station would show goes to an error stream as text; an input box takes the answer set for its
-// prompt, else its default.
+// station would show goes to an error stream as text, behind the program's name as Unix tools write
+// theirs; an input box takes the answer set for its prompt, else its default.
 //
 // Time on the console never waits: the timers run on a clock of their own that jumps to the next
 // timer that is due, so that a window which works by its timers (the log merge, the names
@@ -23,13 +23,14 @@
 #include <ostream>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace zandolt::console {
 
 class ConsoleUi : public Ui
 {
 public:
-    explicit ConsoleUi(std::ostream& messages);
+    ConsoleUi(std::ostream& messages, std::string program);
 
     // The input box whose prompt is exactly `prompt` is answered with `answer`.
     void answerInput(const std::string& prompt, const std::string& answer) { inputAnswers_[prompt] = answer; }
@@ -73,6 +74,7 @@ private:
     void fire(Control& timer);
 
     std::ostream& messages_;
+    std::string program_;
     std::map<std::string, std::string> inputAnswers_;
     std::optional<int> questionAnswer_;
     std::istream* questions_ = nullptr;

@@ -9,7 +9,16 @@ std::string FixedLocale::shortDate(const DateTime& t)
 {
     char buf[32];
     std::snprintf(buf, sizeof buf, "%d/%d/%04d", dayFirst ? t.day : t.month, dayFirst ? t.month : t.day, t.year);
-    return buf;
+    if (!arabicIndicDigits)
+        return buf;
+    std::string text;
+    for (const char* c = buf; *c; ++c) {
+        if (*c >= '0' && *c <= '9')
+            text += {'\xD9', static_cast<char>('\xA0' + (*c - '0'))}; // U+0660 to U+0669
+        else
+            text += *c;
+    }
+    return text;
 }
 
 std::optional<DateTime> FixedLocale::readDate(std::string_view text, int presentYear)

@@ -1,5 +1,6 @@
 // A locale for the tests: the language is set by the test, the date forms are those of the United
-// States, or with the day first where the test asks for it.
+// States, or with the day first, or written in Arabic-Indic digits (which no reading takes) where
+// the test asks for it.
 #pragma once
 
 #include "platform/locale.h"
@@ -18,6 +19,7 @@ public:
 
     Language lang = Language::EnglishUS;
     bool dayFirst = false;
+    bool arabicIndicDigits = false;
 };
 
 } // namespace zandolt::headless

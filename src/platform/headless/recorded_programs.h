@@ -8,6 +8,7 @@
 
 namespace zandolt::headless {
 
+// A started program's line has every word quoted, as QuotedCommand writes it.
 struct ProgramRun
 {
     std::string commandLine;
@@ -20,6 +21,12 @@ public:
     bool run(const std::string& commandLine, const std::string& directory) override
     {
         runs.push_back({commandLine, directory});
+        return runSucceeds;
+    }
+    bool start(const std::string& program, const std::vector<std::string>& arguments,
+               const std::string& directory) override
+    {
+        runs.push_back({QuotedCommand(program, arguments), directory});
         return runSucceeds;
     }
     int openDocument(const std::string& target) override

@@ -3,13 +3,15 @@
 // What a user types goes back as UTF-8.
 #pragma once
 
+#include "data/text_encoding.h"
+
 #include <QString>
 
 #include <string>
 
 namespace zandolt::qt {
 
-bool IsValidUtf8(const std::string& bytes);
+using zandolt::IsValidUtf8;
 QString TextToQt(const std::string& bytes);
 std::string TextFromQt(const QString& text);
 

@@ -1,0 +1,56 @@
+// The two encodings of the station's files: the decision for a whole file, the conversions of
+// typed text, and the rule for text that is stored in a comma-separated file.
+#include "data/storable_text.h"
+#include "data/text_encoding.h"
+
+#include <gtest/gtest.h>
+
+namespace zandolt {
+namespace {
+
+constexpr auto Utf8 = TextEncoding::Utf8;
+constexpr auto Cp1252 = TextEncoding::Windows1252;
+
+TEST(TextEncoding, AFileIsUtf8OnlyWhenItIsValidUtf8Throughout)
+{
+    EXPECT_EQ(EncodingOfFile("# header\r\nM\xC3\xBCller, J\xC3\xB6rg"), Utf8);
+    // A stray byte behind the ASCII that is checked eight bytes at a time, and a UTF-8 character
+    // cut short at the very end.
+    EXPECT_EQ(EncodingOfFile(std::string(37, 'a') + "\xE9" + std::string(20, 'b')), Cp1252);
+    EXPECT_EQ(EncodingOfFile(std::string(16, 'a') + "\xC3"), Cp1252);
+}
+
+TEST(TextEncoding, EveryWindows1252ByteSurvivesTheWayToUtf8AndBack)
+{
+    std::string all;
+    for (int b = 1; b < 256; ++b)
+        all += static_cast<char>(b);
+    bool exact = false;
+    EXPECT_EQ(ConvertText(ConvertText(all, Cp1252, Utf8), Utf8, Cp1252, &exact), all);
+    EXPECT_TRUE(exact);
+    // 0x80 is the euro sign U+20AC, 0x9F is Y with diaeresis U+0178, 0xFC is u with diaeresis.
+    EXPECT_EQ(ConvertText("\x80\x9F\xFC", Cp1252, Utf8), "\xE2\x82\xAC\xC5\xB8\xC3\xBC");
+}
+
+TEST(TextEncoding, TypedTextTakesTheFilesEncodingAndWhatItLacksMatchesNothing)
+{
+    EXPECT_EQ(InEncoding("M\xC3\xBCller", Cp1252), "M\xFCller");
+    EXPECT_EQ(InEncoding("M\xFCller", Cp1252), "M\xFCller"); // already the file's bytes
+    EXPECT_EQ(InEncoding("M\xFCller", Utf8), "M\xC3\xBCller");
+    // L with stroke (U+0141) and z with acute (U+017A) are not in the code page; o acute is.
+    EXPECT_EQ(InEncoding("\xC5\x81\xC3\xB3\x64\xC5\xBA", Cp1252), "?\xF3\x64?");
+    EXPECT_EQ(ComparableText("\xC5\x81\xC3\xB3\x64\xC5\xBA", Cp1252), std::nullopt);
+    // A status letter or certification type is one character, never half of one.
+    EXPECT_EQ(FirstCharacter("\xC3\xBC\x62\x65r", Utf8), "\xC3\xBC");
+    EXPECT_EQ(FirstCharacter("\xFC\x62\x65r", Cp1252), "\xFC");
+}
+
+TEST(StorableText, CommasAndLineEndsBecomeBlanksInTheFilesEncoding)
+{
+    std::string text = "Smith,Jr\r\nM\xC3\xBCller";
+    EXPECT_TRUE(MakeStorable(text, Cp1252));
+    EXPECT_EQ(text, "Smith Jr  M\xFCller");
+}
+
+} // namespace
+} // namespace zandolt
