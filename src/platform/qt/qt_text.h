@@ -3,13 +3,14 @@
 // What a user types goes back as UTF-8.
 #pragma once
 
+#include "platform/utf8.h"
+
 #include <QString>
 
 #include <string>
 
 namespace zandolt::qt {
 
-bool IsValidUtf8(const std::string& bytes);
 QString TextToQt(const std::string& bytes);
 std::string TextFromQt(const QString& text);
 
