@@ -107,6 +107,10 @@ std::string QuotedPrintable(std::string_view text)
             put(std::string_view(encoded, 3));
         }
     }
+    // A text without a line end at its close ends in a soft line break, or the message's own last
+    // line end would become part of it.
+    if (!text.empty() && text.back() != '\n')
+        out += "=\r\n";
     return out;
 }
 

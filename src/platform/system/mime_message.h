@@ -27,7 +27,8 @@ std::string ComposeMime(const MimeMessage& message);
 
 // "utf-8" for bytes that are valid UTF-8, "windows-1252" for any other.
 const char* TextCharset(std::string_view text);
-// The quoted-printable form of a text: line ends become CR LF, no line is longer than 76.
+// The quoted-printable form of a text: line ends become CR LF, no line is longer than 76, and the
+// encoded text always ends in a line end.
 std::string QuotedPrintable(std::string_view text);
 // Base64 in lines of 76 characters, each ended by CR LF.
 std::string Base64Lines(std::string_view bytes);

@@ -1,0 +1,343 @@
+// The report mail through a real SMTP server on 127.0.0.1: Debian's aiosmtpd with STARTTLS on a
+// certificate made here with openssl and a required login. The server takes each message apart
+// with Python's email package, so what is checked is what a mail client would show: envelope,
+// subject, text and each attachment byte for byte.
+#include "automation/auto_frm.h"
+#include "data/settings_file.h"
+#include "platform/system/smtp_mail.h"
+#include "support/station_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <poll.h>
+#include <spawn.h>
+#include <sstream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace zandolt::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The test server, started with its arguments; `port` is where it listens, 0 when it did not start.
+class SmtpServer
+{
+public:
+    explicit SmtpServer(std::vector<std::string> args)
+    {
+        args.insert(args.begin(), {"/usr/bin/python3", ZANDOLT_SMTP_SERVER});
+        std::vector<char*> argv;
+        for (std::string& a : args)
+            argv.push_back(a.data());
+        argv.push_back(nullptr);
+        int out[2];
+        if (::pipe(out) != 0)
+            return;
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_adddup2(&actions, out[1], 1);
+        posix_spawn_file_actions_addclose(&actions, out[0]);
+        if (posix_spawn(&pid_, argv[0], &actions, nullptr, argv.data(), environ) != 0)
+            pid_ = -1;
+        posix_spawn_file_actions_destroy(&actions);
+        ::close(out[1]);
+        std::string line;
+        pollfd p{out[0], POLLIN, 0};
+        char c = 0;
+        while (pid_ > 0 && ::poll(&p, 1, 15000) == 1 && ::read(out[0], &c, 1) == 1 && c != '\n')
+            line += c;
+        ::close(out[0]);
+        if (line.rfind("ready ", 0) == 0)
+            port = std::stoi(line.substr(6));
+    }
+    ~SmtpServer()
+    {
+        if (pid_ > 0) {
+            ::kill(pid_, SIGTERM);
+            ::waitpid(pid_, nullptr, 0);
+        }
+    }
+    int port = 0;
+
+private:
+    pid_t pid_ = -1;
+};
+
+struct Received
+{
+    std::string envelope, subject, charset, body;
+    std::vector<std::pair<std::string, std::string>> attachments; // "N-NAME" and the bytes
+};
+
+std::string lineFeeds(std::string text)
+{
+    for (size_t at; (at = text.find("\r\n")) != std::string::npos;)
+        text.erase(at, 1);
+    return text;
+}
+
+// Equal texts; for two that differ, their sizes and where they part, not megabytes of both.
+::testing::AssertionResult sameText(const std::string& got, const std::string& want)
+{
+    if (got == want)
+        return ::testing::AssertionSuccess();
+    const auto at = std::mismatch(got.begin(), got.end(), want.begin(), want.end()).first - got.begin();
+    return ::testing::AssertionFailure() << got.size() << " bytes where " << want.size() << " were sent, parting at "
+                                         << at << ": \"" << got.substr(static_cast<size_t>(at), 40) << "\" for \""
+                                         << want.substr(static_cast<size_t>(at), 40) << "\"";
+}
+
+// A report of exactly `size` bytes in lines of a hundred.
+std::string report(size_t size)
+{
+    std::string text;
+    while (text.size() < size)
+        text += std::string(98, static_cast<char>('a' + text.size() / 100 % 26)) + "\r\n";
+    text.resize(size);
+    return text;
+}
+
+class RealMail : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        if (std::system("/usr/bin/python3 -c 'import aiosmtpd' 2>/dev/null") != 0)
+            return;
+        certs_ = new TempDir;
+        const std::string c = certs_->path();
+        ready_ = std::system(("openssl req -x509 -newkey rsa:2048 -nodes -days 1 -subj /CN=127.0.0.1 -addext "
+                              "subjectAltName=IP:127.0.0.1 -keyout '" +
+                              c + "/key.pem' -out '" + c + "/cert.pem' 2>/dev/null")
+                                 .c_str()) == 0;
+    }
+    static void TearDownTestSuite()
+    {
+        delete certs_;
+        certs_ = nullptr;
+    }
+
+    RealMail()
+        : backend_(site_.path()), smtp_(backend_.files, &diagnostics_),
+          app_(Services{backend_.ui, backend_.clock, backend_.serial, backend_.printer, backend_.files,
+                        backend_.programs, backend_.locale, smtp_})
+    {
+    }
+
+    void SetUp() override
+    {
+        if (!ready_)
+            GTEST_SKIP() << "python3-aiosmtpd or openssl is missing";
+        server_ = std::make_unique<SmtpServer>(std::vector<std::string>{
+            "--inbox", inbox_.path(), "--cert", certs_->path() + "/cert.pem", "--key", certs_->path() + "/key.pem",
+            "--password", "s3cret", "--refuse", "refused@site.example"});
+        ASSERT_GT(server_->port, 0);
+        mailIni(server_->port, "s3cret");
+        txt = site("EXCEPT.TXT");
+        csv = site("EXCEPT.CSV");
+    }
+
+    std::string site(const std::string& name) const { return site_.path() + "/" + name; }
+    void mailIni(int port, const std::string& password, bool tls = true)
+    {
+        WriteTextFile(site("MAIL.INI"), "# the test server\nserver = smtp://127.0.0.1:" + std::to_string(port) + "\n" +
+                                            (tls ? "starttls=yes\ncafile=" + certs_->path() + "/cert.pem\n" +
+                                                       "user=zandolt\npassword=" + password + "\n"
+                                                 : std::string()) +
+                                            "from=server@site.example\ntimeout=5\n");
+    }
+    // Sends the files as they stand with the given parts chosen.
+    void send(int mask, const std::string& addresses = "qa@site.example")
+    {
+        app_.EmailAttachments = static_cast<int16>(mask);
+        form().SendEmailTo(addresses, txt, csv);
+    }
+    AutoFrm& form() { return app_.autoFrm(); }
+
+    std::vector<Received> inbox() const
+    {
+        std::vector<fs::path> folders;
+        for (const auto& e : fs::directory_iterator(inbox_.path()))
+            folders.push_back(e.path());
+        std::sort(folders.begin(), folders.end());
+        std::vector<Received> out;
+        for (const fs::path& f : folders) {
+            Received r{ReadTextFile(f / "envelope"),
+                       ReadTextFile(f / "subject"),
+                       ReadTextFile(f / "charset"),
+                       ReadTextFile(f / "body"),
+                       {}};
+            std::vector<fs::path> files;
+            for (const auto& a : fs::directory_iterator(f / "attachments"))
+                files.push_back(a.path());
+            std::sort(files.begin(), files.end());
+            for (const fs::path& a : files)
+                r.attachments.emplace_back(a.filename().string(), ReadTextFile(a));
+            out.push_back(std::move(r));
+        }
+        return out;
+    }
+
+    // A file as it stands now: its name and its bytes.
+    using Attached = std::pair<std::string, std::string>;
+    static Attached attached(const std::string& path)
+    {
+        return {fs::path(path).filename().string(), ReadTextFile(path)};
+    }
+
+    // One received message against the row it should have come from.
+    void expectMessage(const Received& r, bool attachedSubject, const std::string& text,
+                       const std::vector<Attached>& attachments)
+    {
+        EXPECT_EQ(r.envelope, "server@site.example\nqa@site.example\n");
+        EXPECT_EQ(r.subject, txt + " for 11/22/2026" + (attachedSubject ? " is attached" : ""));
+        EXPECT_TRUE(sameText(lineFeeds(r.body), lineFeeds(text)));
+        ASSERT_EQ(r.attachments.size(), attachments.size());
+        for (size_t i = 0; i < attachments.size(); ++i) {
+            EXPECT_EQ(r.attachments[i].first, std::to_string(i) + "-" + attachments[i].first);
+            EXPECT_TRUE(sameText(r.attachments[i].second, attachments[i].second)) << "attachment " << i;
+        }
+    }
+
+    static inline TempDir* certs_ = nullptr;
+    static inline bool ready_ = false;
+    TempDir site_, inbox_;
+    headless::HeadlessBackend backend_;
+    std::ostringstream diagnostics_;
+    zandolt::system::SmtpMail smtp_;
+    App app_;
+    std::unique_ptr<SmtpServer> server_;
+    std::string txt, csv;
+};
+
+TEST_F(RealMail, EachChoiceOfPartsArrivesAsOneMessageWhenTheReportIsSmall)
+{
+    const std::string text = "Mu\xC3\xB1oz, Ana          gHg\r\n";
+    WriteTextFile(txt, text);
+    WriteTextFile(csv, "Mu\xF1oz,Ana,gHg\r\n");
+    const Attached c = attached(csv), t = attached(txt);
+    for (int mask = 0; mask <= 7; ++mask)
+        send(mask);
+    const std::vector<Received> got = inbox();
+    ASSERT_EQ(got.size(), 7u);
+    expectMessage(got[0], false, text, {});
+    expectMessage(got[1], true, "See attached .csv file", {c});
+    expectMessage(got[2], true, text, {c});
+    expectMessage(got[3], true, "See attached .txt file", {t});
+    expectMessage(got[4], true, text, {t});
+    expectMessage(got[5], false, "See attached files", {c, t});
+    expectMessage(got[6], false, text, {c, t});
+    EXPECT_EQ(got[0].charset, "utf-8");
+
+    // A report in the old code page goes in that code page.
+    WriteTextFile(txt, "Mu\xF1oz, Ana\r\n");
+    send(1);
+    ASSERT_EQ(inbox().size(), 8u);
+    EXPECT_EQ(inbox()[7].charset, "windows-1252");
+    EXPECT_EQ(inbox()[7].body, "Mu\xF1oz, Ana\r\n");
+    EXPECT_EQ(form().StopRequested, 0);
+}
+
+TEST_F(RealMail, ReportsSplitAtTheirThresholdsAndAreCutAboveTwoMillion)
+{
+    WriteTextFile(csv, "a,b\r\n");
+    const Attached c = attached(csv);
+    // Each report goes out as the file it is written into, in the order of the sizes.
+    std::vector<Attached> reports;
+    const auto sendReport = [&](size_t size, std::initializer_list<int> masks) {
+        WriteTextFile(txt, report(size));
+        reports.push_back(attached(txt));
+        for (int mask : masks)
+            send(mask);
+    };
+    sendReport(330000, {7});
+    sendReport(330001, {7});
+    sendReport(1000000, {6});
+    sendReport(1000001, {3, 5, 6});
+    sendReport(2000000, {1});
+    sendReport(2000001, {1});
+    const std::vector<Received> got = inbox();
+    ASSERT_EQ(got.size(), 13u);
+    expectMessage(got[0], false, report(330000), {c, reports[0]});
+    expectMessage(got[1], false, report(330001), {});
+    expectMessage(got[2], true, "See attached .csv file", {c});
+    expectMessage(got[3], true, "See attached .txt file", {reports[1]});
+    expectMessage(got[4], false, "See attached files", {c, reports[2]});
+    expectMessage(got[5], false, report(1000001), {});
+    expectMessage(got[6], true, "See attached .csv file", {c});
+    expectMessage(got[7], false, report(1000001), {});
+    expectMessage(got[8], true, "See attached .txt file", {reports[3]});
+    expectMessage(got[9], true, "See attached .csv file", {c});
+    expectMessage(got[10], true, "See attached .txt file", {reports[3]});
+    expectMessage(got[11], false, report(2000000), {});
+    expectMessage(got[12], false,
+                  report(2000000) + " Remainder of report was too long to send.  This is the first 2000000 "
+                                    "characters.  Please see attachment.",
+                  {});
+}
+
+TEST_F(RealMail, EveryKindOfMailFailureStopsTheRunnerWithItsMessage)
+{
+    WriteTextFile(txt, "report\r\n");
+    SmtpServer abrupt({"--abrupt"});
+    ASSERT_GT(abrupt.port, 0);
+    const int nobody = SmtpServer({"--abrupt"}).port; // a port that no one listens on any more
+    struct Case
+    {
+        const char* what;
+        std::function<void()> stage;
+        std::function<void()> act;
+        std::string message;
+    };
+    const Case cases[] = {
+        {"the login is refused", [&] { mailIni(server_->port, "wrong"); }, [&] { send(1); },
+         " Error1 sending email to qa@site.example"},
+        {"the server refuses the first recipient", [&] { mailIni(server_->port, "s3cret"); },
+         [&] { send(1, "refused@site.example;qa@site.example"); }, " Error1 sending email to refused@site.example"},
+        {"an address would break its header", [] {}, [&] { send(1, "qa@site.example>x"); },
+         " Error1 sending email to qa@site.example>x"},
+        {"the .csv file does not exist", [] {}, [&] { send(2); }, " Error1 sending email to qa@site.example"},
+        {"the server is down", [&] { mailIni(nobody, "s3cret"); }, [&] { send(1); },
+         " Error1 sending email to qa@site.example"},
+        {"the server hangs up in the middle of the message", [&] { mailIni(abrupt.port, "", false); }, [&] { send(1); },
+         " Error1 sending email to qa@site.example"},
+        {"there is no MAIL.INI", [&] { fs::remove(site("MAIL.INI")); },
+         [&] { form().SendEmailMsgTo("qa@site.example", "LogSort was run"); },
+         " Error2 sending message to email address qa@site.example"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        form().StopRequested = 0;
+        c.stage();
+        c.act();
+        EXPECT_EQ(backend_.ui.messages().back().prompt, c.message);
+        EXPECT_EQ(form().StopRequested, True);
+    }
+    EXPECT_TRUE(inbox().empty());
+    // Why it failed is told on the diagnostics stream, but never the password.
+    EXPECT_NE(diagnostics_.str().find("Login denied"), std::string::npos) << diagnostics_.str();
+    EXPECT_EQ(diagnostics_.str().find("s3cret"), std::string::npos);
+    EXPECT_EQ(diagnostics_.str().find("wrong"), std::string::npos);
+
+    // In the runner, the refused address stops it before the next entry, whose note never goes.
+    mailIni(server_->port, "s3cret");
+    WriteTextFile(site("GENREPORTS.TXT"), "Su 07:00 M1Task ALL refused@site.example\r\n"
+                                          "Su 07:00 M2Task ALL qa@site.example\r\n");
+    ReadIniFile(app_);
+    form().Show();
+    form().StartBut.userClick();
+    backend_.ui.advance(1500);
+    EXPECT_FALSE(backend_.ui.timerRunning(form().Timer1));
+    EXPECT_EQ(backend_.ui.messages().back().prompt, " Error2 sending message to email address refused@site.example");
+    EXPECT_TRUE(inbox().empty());
+}
+
+} // namespace
+} // namespace zandolt::testing
