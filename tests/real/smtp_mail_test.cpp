@@ -3,6 +3,7 @@
 // with Python's email package, so what is checked is what a mail client would show: envelope,
 // subject, text and each attachment byte for byte.
 #include "automation/auto_frm.h"
+#include "child_process.h"
 #include "data/settings_file.h"
 #include "platform/system/smtp_mail.h"
 #include "support/station_fixture.h"
@@ -10,16 +11,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <poll.h>
-#include <spawn.h>
 #include <sstream>
-#include <sys/wait.h>
-#include <unistd.h>
-
-extern char** environ;
 
 namespace zandolt::testing {
 namespace {
@@ -30,44 +24,21 @@ namespace fs = std::filesystem;
 class SmtpServer
 {
 public:
-    explicit SmtpServer(std::vector<std::string> args)
+    explicit SmtpServer(std::vector<std::string> args) : process_(withScript(std::move(args)))
     {
-        args.insert(args.begin(), {"/usr/bin/python3", ZANDOLT_SMTP_SERVER});
-        std::vector<char*> argv;
-        for (std::string& a : args)
-            argv.push_back(a.data());
-        argv.push_back(nullptr);
-        int out[2];
-        if (::pipe(out) != 0)
-            return;
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_adddup2(&actions, out[1], 1);
-        posix_spawn_file_actions_addclose(&actions, out[0]);
-        if (posix_spawn(&pid_, argv[0], &actions, nullptr, argv.data(), environ) != 0)
-            pid_ = -1;
-        posix_spawn_file_actions_destroy(&actions);
-        ::close(out[1]);
-        std::string line;
-        pollfd p{out[0], POLLIN, 0};
-        char c = 0;
-        while (pid_ > 0 && ::poll(&p, 1, 15000) == 1 && ::read(out[0], &c, 1) == 1 && c != '\n')
-            line += c;
-        ::close(out[0]);
+        const std::string line = process_.readLine(15000);
         if (line.rfind("ready ", 0) == 0)
             port = std::stoi(line.substr(6));
-    }
-    ~SmtpServer()
-    {
-        if (pid_ > 0) {
-            ::kill(pid_, SIGTERM);
-            ::waitpid(pid_, nullptr, 0);
-        }
     }
     int port = 0;
 
 private:
-    pid_t pid_ = -1;
+    static std::vector<std::string> withScript(std::vector<std::string> args)
+    {
+        args.insert(args.begin(), {"/usr/bin/python3", ZANDOLT_SMTP_SERVER});
+        return args;
+    }
+    ChildProcess process_;
 };
 
 struct Received
