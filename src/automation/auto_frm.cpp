@@ -12,9 +12,10 @@ namespace zandolt {
 
 namespace {
 
-// The editor's text is in a fixed-pitch font at ten points, whose characters are 120 twips wide,
-// so that each caption stands over its column of the rendered lines.
-constexpr int CharTwips = 120;
+// The editor's text is in a fixed-pitch font at ten points: 13 pixels on a screen of 96 dots per
+// inch, whose characters are 7.8 pixels wide. Each caption stands over its column of the rendered
+// lines.
+constexpr int CharTwips = 117;
 constexpr int EditLeft = 120, EditTop = 420;
 constexpr int ButtonWidth = 1800, ButtonHeight = 450;
 constexpr int RightMargin = ButtonWidth + 360, BottomMargin = 900;
@@ -54,7 +55,6 @@ void AutoFrm::design()
           std::tuple{&Label6, "Last Executed", 56, 16}}) {
         label->move(columnLeft(column), 120, width * CharTwips, 285);
         label->setCaption(caption);
-        label->setFontBold(true);
     }
     GenEdit.setMultiLine(true);
     GenEdit.setScrollBars(3);
