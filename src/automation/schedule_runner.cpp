@@ -27,7 +27,7 @@ TimeOfDay timeOfDay(const DateTime& t)
 struct ReportJob
 {
     int16 kind;
-    bool (*generate)(App&);
+    decltype(&GenerateMonthlyReport) generate;
     std::string Settings::*txtPath;
     std::string Settings::*csvPath;
     bool stopsExceptionWindow;

@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 #include <mutex>
+#include <strings.h>
 #include <unistd.h>
 
 namespace zandolt::system {
@@ -23,13 +25,9 @@ std::string_view trimmed(std::string_view s)
     return s;
 }
 
-std::string lowered(std::string_view s)
+bool sameWord(std::string_view text, const char* word)
 {
-    std::string out(s);
-    for (char& c : out)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c + 32);
-    return out;
+    return text.size() == std::strlen(word) && ::strncasecmp(text.data(), word, text.size()) == 0;
 }
 
 // The Date header of the present moment, in the words of RFC 5322 whatever the process locale.
@@ -92,26 +90,26 @@ std::optional<MailSettings> ReadMailSettings(std::string_view text, std::string&
             error = where + " is no key=value";
             return std::nullopt;
         }
-        const std::string key = lowered(trimmed(line.substr(0, eq)));
+        const std::string_view key = trimmed(line.substr(0, eq));
         const std::string value(trimmed(line.substr(eq + 1)));
-        if (key == "server") {
-            const std::string scheme = lowered(value.substr(0, value.find("://")));
-            if (value.find("://") == std::string::npos || (scheme != "smtp" && scheme != "smtps")) {
+        if (sameWord(key, "server")) {
+            const std::string_view scheme = std::string_view(value).substr(0, value.find("://"));
+            if (value.find("://") == std::string::npos || !(sameWord(scheme, "smtp") || sameWord(scheme, "smtps"))) {
                 error = where + ": server wants an smtp:// or smtps:// address";
                 return std::nullopt;
             }
             s.server = value;
-        } else if (key == "starttls") {
-            s.starttls = lowered(value) == "yes";
-        } else if (key == "cafile") {
+        } else if (sameWord(key, "starttls")) {
+            s.starttls = sameWord(value, "yes");
+        } else if (sameWord(key, "cafile")) {
             s.cafile = value;
-        } else if (key == "user") {
+        } else if (sameWord(key, "user")) {
             s.user = value;
-        } else if (key == "password") {
+        } else if (sameWord(key, "password")) {
             s.password = value;
-        } else if (key == "from") {
+        } else if (sameWord(key, "from")) {
             s.from = value;
-        } else if (key == "timeout") {
+        } else if (sameWord(key, "timeout")) {
             int seconds = 0;
             const auto r = std::from_chars(value.data(), value.data() + value.size(), seconds);
             if (r.ec != std::errc{} || r.ptr != value.data() + value.size() || seconds < 1) {
@@ -120,7 +118,7 @@ std::optional<MailSettings> ReadMailSettings(std::string_view text, std::string&
             }
             s.timeoutSeconds = seconds;
         } else {
-            error = where + ": unknown key \"" + key + "\"";
+            error = where + ": unknown key \"" + std::string(key) + "\"";
             return std::nullopt;
         }
     }
