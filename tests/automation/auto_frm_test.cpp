@@ -1,9 +1,7 @@
 // The schedule window as a supervisor edits in it: the attachment boxes, the undo ring, saving, the
-// password in front of Pause, Cancel and the menu entry, the help text, and the start with the
-// station.
+// password in front of Pause, Cancel and the menu entry, and the start with the station.
 #include "automation/auto_frm.h"
 #include "data/settings_file.h"
-#include "reports/disp_form.h"
 #include "station/name_form.h"
 #include "support/scenario.h"
 
@@ -137,23 +135,6 @@ TEST_F(ScheduleWindow, TheStationOpensItBehindThePasswordOrByItselfWhenItRan)
     app_->nameForm().mnuAutoGen.userClick();
     EXPECT_TRUE(form().visible());
     EXPECT_FALSE(form().modal());
-}
-
-TEST_F(ScheduleWindow, HelpShowsItsOwnTextInTheViewer)
-{
-    write("HelpAutoGen.TXT", "How the schedule works\r\n");
-    open("");
-    std::string shown, caption, hook;
-    ui().onModal("DispForm", [&](Form& f) {
-        shown = app_->dispForm().TextBox1.text();
-        caption = f.caption();
-        hook = app_->ReportMacroName;
-        f.Unload();
-    });
-    form().HelpBut.userClick();
-    EXPECT_EQ(shown, "How the schedule works\r\n");
-    EXPECT_EQ(caption, "Help");
-    EXPECT_EQ(hook, "Help.bat");
 }
 
 } // namespace

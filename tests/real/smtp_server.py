@@ -12,12 +12,12 @@ import os
 import socket
 import ssl
 import sys
+import logging
 import time
-import warnings
 from email import policy
 
-# aiosmtpd warns of its own deprecated attributes as it authenticates.
-warnings.simplefilter("ignore", DeprecationWarning)
+# aiosmtpd logs a warning of its own deprecated attributes at every login.
+logging.getLogger("mail.log").setLevel(logging.ERROR)
 
 parser = argparse.ArgumentParser()
 parser.add_argument("--inbox")
