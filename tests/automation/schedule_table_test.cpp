@@ -88,7 +88,6 @@ TEST(ScheduleFile, AReadStopsAtTheFirstBadLineAndKeepsWhatCameBefore)
         EXPECT_EQ(r.end, c.end);
         EXPECT_EQ(r.table.SchedLastIndex, c.lastIndex);
     }
-    // 257 lines read, a 258th does not: the window's save test.
 }
 
 TEST(ScheduleFile, BlankLinesAtTheEndGoButTheFirstTwoSlotsStay)
