@@ -154,7 +154,7 @@ std::string ScheduledJobLine(App& app, const DateTime& tick, int slot, int kind)
 }
 
 int RunSchedule(App& app, const ScheduleRequest& request, console::FixedClock* virtualClock, std::ostream& out,
-                const volatile std::sig_atomic_t& stop)
+                const volatile std::sig_atomic_t& stop, const std::function<void()>& betweenTicks)
 {
     AutoFrm& f = app.autoFrm();
     f.OnJob = [&](const ScheduledJob& job) { out << ScheduledJobLine(app, job.tick, job.slot, job.kind) << std::endl; };
@@ -170,17 +170,16 @@ int RunSchedule(App& app, const ScheduleRequest& request, console::FixedClock* v
             return ScheduleDone;
         if (!f.Timer1.enabled())
             return ScheduleFellBack;
+        betweenTicks();
         if (virtualClock) {
             if (++second > last)
                 return ScheduleDone;
             virtualClock->setNow(momentOf(second));
         } else {
-            // The next second of the system's clock; the window's other timers run meanwhile.
+            // The next second of the system's clock.
             const long long now = secondsOf(app.clock.now());
-            while (!stop && secondsOf(app.clock.now()) == now) {
-                app.ui.doEvents();
+            while (!stop && secondsOf(app.clock.now()) == now)
                 std::this_thread::sleep_for(std::chrono::milliseconds(20));
-            }
             if (stop)
                 return ScheduleDone;
         }

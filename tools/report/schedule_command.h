@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 
 #include <csignal>
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -56,9 +57,10 @@ std::string ScheduledJobLine(App& app, const DateTime& tick, int slot, int kind)
 
 // Starts the runner and ticks. With `virtualClock` the present moment is set to --from for the
 // start and then to each second up to --to; without it the App's clock counts, until `stop` is
-// set (by a signal), which is looked at between jobs. Job lines go to `out`.
+// set (by a signal), which is looked at between jobs. Before each tick `betweenTicks` lets the
+// other windows have their second (a job's window that works by its timers). Job lines go to `out`.
 int RunSchedule(App& app, const ScheduleRequest& request, console::FixedClock* virtualClock, std::ostream& out,
-                const volatile std::sig_atomic_t& stop);
+                const volatile std::sig_atomic_t& stop, const std::function<void()>& betweenTicks);
 
 // The whole subcommand as the program runs it (schedule_main.cpp), with the arguments behind
 // "schedule"; returns the exit code.

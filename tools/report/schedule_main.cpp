@@ -84,7 +84,7 @@ int ScheduleMain(const std::vector<std::string>& args)
     ui.runner = &app.autoFrm();
     std::signal(SIGTERM, onStopSignal);
     std::signal(SIGINT, onStopSignal);
-    return RunSchedule(app, request, virtualClock.get(), std::cout, stopSignalled);
+    return RunSchedule(app, request, virtualClock.get(), std::cout, stopSignalled, [&ui] { ui.doEvents(); });
 }
 
 } // namespace zandolt
