@@ -35,6 +35,7 @@ class DirForm;
 class DispForm;
 class HelpForm;
 class IndividualEmployeeSelectionForm;
+class AutoFrm;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -51,6 +52,7 @@ public:
     Files& files;
     Programs& programs;
     Locale& locale;
+    Mail& mail;
 
     // The language of the string table, chosen once from the locale.
     Language language;
@@ -91,6 +93,7 @@ public:
     DispForm& dispForm();
     HelpForm& helpForm();
     IndividualEmployeeSelectionForm& individualEmployeeSelectionForm();
+    AutoFrm& autoFrm();
 
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
@@ -118,6 +121,7 @@ private:
     std::unique_ptr<Form> dispForm_;
     std::unique_ptr<Form> helpForm_;
     std::unique_ptr<Form> individualEmployeeSelectionForm_;
+    std::unique_ptr<Form> autoFrm_;
 };
 
 } // namespace zandolt

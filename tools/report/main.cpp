@@ -6,8 +6,10 @@
 #include "platform/console/console_ui.h"
 #include "platform/qt/qt_clock_locale.h"
 #include "platform/system/posix_files.h"
+#include "platform/system/smtp_mail.h"
 #include "platform/system/system_programs.h"
 #include "report_command.h"
+#include "schedule_command.h"
 
 #include <filesystem>
 #include <iostream>
@@ -27,6 +29,8 @@ int usageError(const std::string& error)
 
 int main(int argc, char** argv)
 {
+    if (argc > 1 && std::string(argv[1]) == "schedule")
+        return ScheduleMain(std::vector<std::string>(argv + 2, argv + argc));
     const ParsedArguments parsed = ParseReportArguments(std::vector<std::string>(argv + 1, argv + argc));
     const ReportRequest& request = parsed.request;
     if (request.help) {
@@ -54,7 +58,8 @@ int main(int argc, char** argv)
     zandolt::system::SystemPrograms programs(files);
     console::NoSerial serial;
     console::NoPrinter printer;
+    zandolt::system::SmtpMail mail(files, &std::cerr, "zandolt-report: mail: ");
 
-    App app(Services{ui, clock, serial, printer, files, programs, locale});
+    App app(Services{ui, clock, serial, printer, files, programs, locale, mail});
     return RunReport(app, request, std::cout, std::cerr);
 }

@@ -78,5 +78,7 @@ bool ShootConfigform(ShotContext& ctx, const QString& file);
 bool ShootSelConfigForm(ShotContext& ctx, const QString& file);
 bool ShootConFigReaderForm(ShotContext& ctx, const QString& file);
 bool ShootDirForm(ShotContext& ctx, const QString& file);
+bool ShootAutoFrmEditing(ShotContext& ctx, const QString& file);
+bool ShootAutoFrmRunning(ShotContext& ctx, const QString& file);
 
 } // namespace zandolt::screenshots
