@@ -9,6 +9,7 @@ packages=(
   libcurl4-openssl-dev
   xvfb xauth socat xdotool imagemagick fonts-dejavu-core
   cups-daemon cups-client cups-bsd poppler-utils
+  python3-aiosmtpd openssl
   python3 time
 )
 

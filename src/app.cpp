@@ -4,7 +4,7 @@ namespace zandolt {
 
 App::App(Services services)
     : ui(services.ui), clock(services.clock), serial(services.serial), printer(services.printer), files(services.files),
-      programs(services.programs), locale(services.locale), language(locale.language())
+      programs(services.programs), locale(services.locale), mail(services.mail), language(locale.language())
 {
 }
 
@@ -15,7 +15,7 @@ App::~App()
                        &titleForm_, &printerCheckForm_})
         if (*slot)
             (*slot)->discard();
-    for (auto* slot : {&dispForm_, &helpForm_, &individualEmployeeSelectionForm_})
+    for (auto* slot : {&dispForm_, &helpForm_, &individualEmployeeSelectionForm_, &autoFrm_})
         if (*slot)
             (*slot)->discard();
     for (auto* slot : {&logSortForm_, &namesForm_})

@@ -35,6 +35,7 @@ class DirForm;
 class DispForm;
 class HelpForm;
 class IndividualEmployeeSelectionForm;
+class AutoFrm;
 class LogSortForm;
 class NamesForm;
 
@@ -53,6 +54,7 @@ public:
     Files& files;
     Programs& programs;
     Locale& locale;
+    Mail& mail;
 
     // The language of the string table, chosen once from the locale.
     Language language;
@@ -93,6 +95,7 @@ public:
     DispForm& dispForm();
     HelpForm& helpForm();
     IndividualEmployeeSelectionForm& individualEmployeeSelectionForm();
+    AutoFrm& autoFrm();
     LogSortForm& logSortForm();
     NamesForm& namesForm();
 
@@ -122,6 +125,7 @@ private:
     std::unique_ptr<Form> dispForm_;
     std::unique_ptr<Form> helpForm_;
     std::unique_ptr<Form> individualEmployeeSelectionForm_;
+    std::unique_ptr<Form> autoFrm_;
     std::unique_ptr<Form> logSortForm_;
     std::unique_ptr<Form> namesForm_;
 };

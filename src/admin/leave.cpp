@@ -120,9 +120,14 @@ void ShowLeaveSummary(App& app, int row, const std::string& attendance)
 
 void ShowLeaveHelp(App& app)
 {
+    ShowHelpFile(app, app.HelpVacationPath);
+}
+
+void ShowHelpFile(App& app, const std::string& path)
+{
     std::string text;
-    if (app.files.readAll(app.HelpVacationPath, text) != FileResult::Ok) {
-        app.ui.msgBox(" Error opening " + app.HelpVacationPath, msgbox::OKOnly, "");
+    if (app.files.readAll(path, text) != FileResult::Ok) {
+        app.ui.msgBox(" Error opening " + path, msgbox::OKOnly, "");
         return;
     }
     app.printer.setFontSize(app.PrinterFontSize + 2);

@@ -47,6 +47,8 @@ std::string LeaveSummaryText(int year, const std::string& firstName, const std::
 void ShowLeaveSummary(App& app, int row, const std::string& attendance);
 // Shows the help text on leave in the report viewer.
 void ShowLeaveHelp(App& app);
+// Shows a window's help text, the file at path, in the report viewer with the hook Help.bat.
+void ShowHelpFile(App& app, const std::string& path);
 // The menu entry that clears the rest of the year for every employee, after two questions.
 void ResetSickTime(App& app);
 

@@ -4,6 +4,8 @@
 // and is brought into the encoding of the file it is stored in or compared with.
 #pragma once
 
+#include "platform/utf8.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,7 +15,6 @@ namespace zandolt {
 
 enum class TextEncoding : std::uint8_t { Utf8, Windows1252 };
 
-bool IsValidUtf8(std::string_view bytes);
 // The encoding of a whole file's text.
 inline TextEncoding EncodingOfFile(std::string_view text)
 {

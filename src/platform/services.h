@@ -4,6 +4,7 @@
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/locale.h"
+#include "platform/mail.h"
 #include "platform/printer.h"
 #include "platform/programs.h"
 #include "platform/serial.h"
@@ -20,6 +21,7 @@ struct Services
     Files& files;
     Programs& programs;
     Locale& locale;
+    Mail& mail;
 };
 
 } // namespace zandolt

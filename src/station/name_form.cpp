@@ -3,6 +3,7 @@
 #include "admin/passwords.h"
 #include "admin/title_form.h"
 #include "app.h"
+#include "automation/auto_frm.h"
 #include "data/names_file.h"
 #include "data/number_text.h"
 #include "data/settings_file.h"
@@ -164,6 +165,10 @@ void NameForm::Form_Load()
     PasswordExpirationTimer.setEnabled(false);
 
     OpenTesterPort();
+
+    // A station that ran the report server when it stopped runs it again.
+    if (app_.AutoStartEmailServer != 0)
+        app_.autoFrm().Show();
 }
 
 void NameForm::CheckPrinter()

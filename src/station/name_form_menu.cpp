@@ -11,6 +11,7 @@
 #include "admin/title_form.h"
 #include "admin/unknown_form.h"
 #include "app.h"
+#include "automation/auto_frm.h"
 #include "automation/log_merge.h"
 #include "automation/names_consolidation.h"
 #include "reports/help_menu.h"
@@ -49,6 +50,8 @@ void NameForm::wireMenus()
     mnuUnknownID.Click = [this] { ShowUnknownIdConfiguration(app_); };
     mnuCertExp.setEnabled(true);
     mnuCertExp.Click = [this] { ShowCertificationConfiguration(app_); };
+    mnuAutoGen.setEnabled(true);
+    mnuAutoGen.Click = [this] { ShowAutoGen(app_); };
 
     // The administrator's editors. The employee editors are not modal: they stay beside the main
     // window, and a second click brings the open one to the front.

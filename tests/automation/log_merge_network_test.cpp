@@ -45,7 +45,7 @@ protected:
     NetworkMerge() : files(backend_->realFiles)
     {
         app_ = std::make_unique<App>(Services{ui(), backend_->clock, backend_->serial, backend_->printer, files,
-                                              backend_->programs, backend_->locale});
+                                              backend_->programs, backend_->locale, backend_->mail});
         app_->LogSortDefaults = "/i /c";
         for (const char* name : {"st1", "st2", "st3", "empty", "subdirs", "subdirs/inner"})
             std::filesystem::create_directory(station(name));

@@ -49,7 +49,7 @@ TEST_F(SystemProgramsTest, AnAlternativeViewerThatIsNotInstalledIsSaidToBeMissin
 {
     // A bare name is looked up where programs are installed; this one is nowhere.
     App app(Services{ui(), backend_->clock, backend_->serial, backend_->printer, backend_->files, programs,
-                     backend_->locale});
+                     backend_->locale, backend_->mail});
     app.AltViewerPath = "zandolt-viewer-not-installed";
     write("BIG.TXT", "x");
     EXPECT_FALSE(StartAltViewer(app, path("BIG.TXT")));

@@ -41,7 +41,7 @@ protected:
             QFile::copy(QString::fromStdString((DemoDir / name).string()), dir.path() + "/" + name);
         // The tester and printer are the test doubles; the windows are Qt's.
         app = std::make_unique<App>(Services{ui, headless.clock, headless.serial, headless.printer, headless.files,
-                                             headless.programs, headless.locale});
+                                             headless.programs, headless.locale, headless.mail});
         // Dismisses the title screen and any message box as soon as they are up.
         QObject::connect(&closer, &QTimer::timeout, [this] {
             if (app->titleForm().loaded()) {

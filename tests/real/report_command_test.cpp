@@ -198,7 +198,7 @@ TEST(ConsoleUi, MessagesGoToTheStreamAndTakeTheDefaultButton)
     headless::HeadlessBackend backend(TempDir().path());
     Services services = backend.services();
     App app(Services{ui, services.clock, services.serial, services.printer, services.files, services.programs,
-                     services.locale});
+                     services.locale, services.mail});
     ShowTimedError(app, "Error reading 1 Names.txt", 4);
     EXPECT_FALSE(app.errMsgFrm().loaded());
     EXPECT_EQ(ui.msgBox("Reset the logging file Log.txt?", msgbox::YesNo | msgbox::Question, "Log"), msgbox::Yes);

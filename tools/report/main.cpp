@@ -6,8 +6,10 @@
 #include "platform/console/console_ui.h"
 #include "platform/qt/qt_clock_locale.h"
 #include "platform/system/posix_files.h"
+#include "platform/system/smtp_mail.h"
 #include "platform/system/system_programs.h"
 #include "report_command.h"
+#include "schedule_command.h"
 #include "site_commands.h"
 
 #include <filesystem>
@@ -28,6 +30,8 @@ int usageError(const std::string& error)
 
 int main(int argc, char** argv)
 {
+    if (argc > 1 && std::string(argv[1]) == "schedule")
+        return ScheduleMain(std::vector<std::string>(argv + 2, argv + argc));
     if (argc > 1 && IsSiteCommand(argv[1]))
         return RunSiteCommand(std::vector<std::string>(argv + 1, argv + argc), std::cout, std::cerr, std::cin);
     const ParsedArguments parsed = ParseReportArguments(std::vector<std::string>(argv + 1, argv + argc));
@@ -57,7 +61,8 @@ int main(int argc, char** argv)
     zandolt::system::SystemPrograms programs(files);
     console::NoSerial serial;
     console::NoPrinter printer;
+    zandolt::system::SmtpMail mail(files, &std::cerr, "zandolt-report: mail: ");
 
-    App app(Services{ui, clock, serial, printer, files, programs, locale});
+    App app(Services{ui, clock, serial, printer, files, programs, locale, mail});
     return RunReport(app, request, std::cout, std::cerr);
 }

@@ -11,6 +11,7 @@
 #include "platform/console/console_ui.h"
 #include "platform/qt/qt_clock_locale.h"
 #include "platform/system/posix_files.h"
+#include "platform/system/smtp_mail.h"
 #include "platform/system/system_programs.h"
 
 #include <filesystem>
@@ -28,8 +29,8 @@ constexpr int Done = 0, Failed = 1, UsageError = 2;
 struct ConsoleStation
 {
     ConsoleStation(std::ostream& err, const std::string& dir)
-        : ui(err, "zandolt-report"), files(dir), programs(files),
-          app(Services{ui, clock, serial, printer, files, programs, locale})
+        : ui(err, "zandolt-report"), files(dir), programs(files), mail(files, &err, "zandolt-report: mail: "),
+          app(Services{ui, clock, serial, printer, files, programs, locale, mail})
     {
     }
 
@@ -38,6 +39,7 @@ struct ConsoleStation
     qt::QtLocale locale;
     zandolt::system::PosixFiles files;
     zandolt::system::SystemPrograms programs;
+    zandolt::system::SmtpMail mail;
     console::NoSerial serial;
     console::NoPrinter printer;
     App app;

@@ -64,6 +64,8 @@ std::vector<Shot> AllShots()
         {"selection-configuration", ShootSelConfigForm},
         {"reader-configuration", ShootConFigReaderForm},
         {"directories", ShootDirForm},
+        {"report-schedule-editing", ShootAutoFrmEditing},
+        {"report-schedule-running", ShootAutoFrmRunning},
         // Last: they leave a merged log and gathered names in the program directory.
         {"log-merge", ShootLogSortForm},
         {"names-consolidation", ShootNamesForm},

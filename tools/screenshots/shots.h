@@ -78,6 +78,8 @@ bool ShootConfigform(ShotContext& ctx, const QString& file);
 bool ShootSelConfigForm(ShotContext& ctx, const QString& file);
 bool ShootConFigReaderForm(ShotContext& ctx, const QString& file);
 bool ShootDirForm(ShotContext& ctx, const QString& file);
+bool ShootAutoFrmEditing(ShotContext& ctx, const QString& file);
+bool ShootAutoFrmRunning(ShotContext& ctx, const QString& file);
 
 bool ShootLogSortForm(ShotContext& ctx, const QString& file);
 bool ShootNamesForm(ShotContext& ctx, const QString& file);

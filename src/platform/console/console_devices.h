@@ -25,12 +25,14 @@ public:
     bool endDoc() override { return false; }
 };
 
-// A present moment that stands still, so that a rerun gives the same files; intervals still pass.
+// A present moment that stands still, so that a rerun gives the same files, until its owner moves
+// it; intervals still pass.
 class FixedClock : public Clock
 {
 public:
     explicit FixedClock(const DateTime& now) : now_(now) {}
     DateTime now() override { return now_; }
+    void setNow(const DateTime& now) { now_ = now; }
     std::int64_t monotonicMs() override;
 
 private:

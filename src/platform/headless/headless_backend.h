@@ -6,6 +6,7 @@
 #include "platform/headless/fixed_locale.h"
 #include "platform/headless/headless_ui.h"
 #include "platform/headless/loopback_serial.h"
+#include "platform/headless/recorded_mail.h"
 #include "platform/headless/recorded_programs.h"
 #include "platform/headless/virtual_clock.h"
 #include "platform/services.h"
@@ -31,6 +32,7 @@ public:
     FaultyFiles files;
     RecordedPrograms programs;
     FixedLocale locale;
+    RecordedMail mail;
 };
 
 } // namespace zandolt::headless

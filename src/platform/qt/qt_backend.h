@@ -1,5 +1,5 @@
 // Everything the program needs for real use, bundled: Qt windows, serial ports and printing, the
-// system's files and programs, the local clock and the process locale.
+// system's files, programs and SMTP mail, the local clock and the process locale.
 #pragma once
 
 #include "platform/qt/qt_clock_locale.h"
@@ -8,6 +8,7 @@
 #include "platform/qt/qt_ui.h"
 #include "platform/services.h"
 #include "platform/system/posix_files.h"
+#include "platform/system/smtp_mail.h"
 #include "platform/system/system_programs.h"
 
 namespace zandolt::qt {
@@ -27,6 +28,7 @@ public:
     QtSerial serial;
     QtPrinter printer;
     system::SystemPrograms programs;
+    system::SmtpMail mail;
 };
 
 } // namespace zandolt::qt

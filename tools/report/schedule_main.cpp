@@ -1,0 +1,92 @@
+// The program's side of zandolt-report schedule: the console window service, the system's clock or
+// a virtual one, SMTP mail, and the signals that end a runner between two jobs.
+#include "app.h"
+#include "automation/auto_frm.h"
+#include "platform/console/console_devices.h"
+#include "platform/console/console_ui.h"
+#include "platform/qt/qt_clock_locale.h"
+#include "platform/system/posix_files.h"
+#include "platform/system/smtp_mail.h"
+#include "platform/system/system_programs.h"
+#include "schedule_command.h"
+
+#include <csignal>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+
+namespace zandolt {
+
+namespace {
+
+volatile std::sig_atomic_t stopSignalled = 0;
+
+extern "C" void onStopSignal(int)
+{
+    stopSignalled = 1;
+}
+
+// Pending events are where a running tick hears of a stop, as it hears of Pause in the window:
+// a signal that has come in asks the runner to stop before its next entry.
+class RunnerConsoleUi : public console::ConsoleUi
+{
+public:
+    using ConsoleUi::ConsoleUi;
+    void doEvents() override
+    {
+        ConsoleUi::doEvents();
+        if (stopSignalled && runner)
+            runner->StopRequested = True;
+    }
+    AutoFrm* runner = nullptr;
+};
+
+int usageError(const std::string& error)
+{
+    std::cerr << "zandolt-report schedule: " << error << "\n\n" << ScheduleUsage();
+    return ScheduleUsageError;
+}
+
+} // namespace
+
+int ScheduleMain(const std::vector<std::string>& args)
+{
+    const ParsedSchedule parsed = ParseScheduleArguments(args);
+    const ScheduleRequest& request = parsed.request;
+    if (request.help) {
+        std::cout << ScheduleUsage();
+        return ScheduleDone;
+    }
+    if (!parsed.error.empty())
+        return usageError(parsed.error);
+    std::error_code ec;
+    const std::filesystem::path dir = std::filesystem::canonical(request.dir, ec);
+    if (ec || !std::filesystem::is_directory(dir, ec))
+        return usageError("no directory \"" + request.dir + "\"");
+
+    qt::QtClock systemClock;
+    std::unique_ptr<console::FixedClock> virtualClock;
+    if (request.from)
+        virtualClock = std::make_unique<console::FixedClock>(*request.from);
+    Clock& clock = virtualClock ? static_cast<Clock&>(*virtualClock) : systemClock;
+    RunnerConsoleUi ui(std::cerr, "zandolt-report");
+    qt::QtLocale locale;
+    zandolt::system::PosixFiles files(dir.string());
+    zandolt::system::SystemPrograms programs(files);
+    zandolt::system::SmtpMail mail(files, &std::cerr, "zandolt-report: mail: ");
+    console::NoSerial serial;
+    console::NoPrinter printer;
+    App app(Services{ui, clock, serial, printer, files, programs, locale, mail});
+
+    StartScheduleStation(app);
+    if (request.check)
+        return CheckSchedule(app, std::cout);
+    ui.runner = &app.autoFrm();
+    std::signal(SIGTERM, onStopSignal);
+    std::signal(SIGINT, onStopSignal);
+    // Between two ticks a second passes for the console's timers too: a window that the runner left
+    // to its timers (the names consolidation) works in step with the schedule.
+    return RunSchedule(app, request, virtualClock.get(), std::cout, stopSignalled, [&ui] { ui.advance(1000); });
+}
+
+} // namespace zandolt
