@@ -10,7 +10,7 @@ packages=(
   xvfb xauth socat xdotool imagemagick fonts-dejavu-core
   cups-daemon cups-client cups-bsd poppler-utils
   python3-aiosmtpd openssl
-  python3
+  python3 time
 )
 
 missing=()

@@ -64,7 +64,10 @@ public:
     virtual FileResult replace(const std::string& path, const std::string& data) = 0;
 
     virtual std::vector<DirEntry> list(const std::string& directory) = 0;
-    virtual bool copy(const std::string& from, const std::string& to) = 0; // keeps the modification time
+    // Copies in pieces to a file beside the target that is then renamed over it, so that the target
+    // is the old file or the whole copy, never a part of it. The copy keeps the source's
+    // modification time.
+    virtual bool copy(const std::string& from, const std::string& to) = 0;
     virtual bool rename(const std::string& from, const std::string& to) = 0;
     virtual bool remove(const std::string& path) = 0;
     virtual bool makeDirectory(const std::string& path) = 0;

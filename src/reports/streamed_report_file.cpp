@@ -16,6 +16,12 @@ StreamedReportFile::StreamedReportFile(Files& files, const std::string& path)
     text_.reserve(PieceSize + 4096);
 }
 
+StreamedReportFile::StreamedReportFile(Files& files, const std::string& path, const std::string& partPath)
+    : files_(files), path_(files.resolve(path)), partPath_(files.resolve(partPath))
+{
+    text_.reserve(PieceSize + 4096);
+}
+
 StreamedReportFile::~StreamedReportFile()
 {
     if (opened_ && !finished_)

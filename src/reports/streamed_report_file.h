@@ -16,6 +16,9 @@ class StreamedReportFile
 {
 public:
     StreamedReportFile(Files& files, const std::string& path);
+    // The same with the name of the file beside it given, for a writer that must find what a
+    // killed run of its own left there.
+    StreamedReportFile(Files& files, const std::string& path, const std::string& partPath);
     // Removes the file beside the report when the report did not take its place.
     ~StreamedReportFile();
     StreamedReportFile(const StreamedReportFile&) = delete;
@@ -27,6 +30,8 @@ public:
     StreamedReportFile& add(std::string_view text)
     {
         text_.append(text);
+        if (text_.size() >= PieceSize)
+            flush();
         return *this;
     }
     // The rest of a line, and its end.

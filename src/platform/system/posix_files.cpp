@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 namespace zandolt::system {
 
@@ -143,11 +144,11 @@ int PosixFiles::createFile(const std::string& path, int flags, unsigned mode)
     return ::open(path.c_str(), flags, static_cast<mode_t>(mode));
 }
 
-bool PosixFiles::writeAll(int fd, const std::string& data)
+bool PosixFiles::writeAll(int fd, const char* data, std::size_t size)
 {
     size_t done = 0;
-    while (done < data.size()) {
-        const long n = writeSome(fd, data.data() + done, data.size() - done);
+    while (done < size) {
+        const long n = writeSome(fd, data + done, size - done);
         if (n < 0) {
             if (errno == EINTR)
                 continue;
@@ -284,6 +285,23 @@ FileResult PosixFiles::append(const std::string& path, const std::string& data)
     return FileResult::Failed;
 }
 
+int PosixFiles::createBeside(const std::string& target, const std::string& suffix, const struct stat* old,
+                             std::string& temp)
+{
+    const size_t slash = target.find_last_of('/');
+    temp = target.substr(0, slash + 1) + "." + target.substr(slash + 1) + suffix;
+    const int fd = createFile(temp, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, old ? old->st_mode & 07777 : 0666);
+    if (fd >= 0 && old) {
+        // The owner first, as a change of owner may clear the set-id bits of the mode; a process
+        // that may not give the file away keeps it as its own.
+        if (::fchown(fd, old->st_uid, old->st_gid) != 0 && ::fchown(fd, static_cast<uid_t>(-1), old->st_gid) != 0) {
+            // Neither may be given away: the new file stays the process's own.
+        }
+        ::fchmod(fd, old->st_mode & 07777);
+    }
+    return fd;
+}
+
 FileResult PosixFiles::replace(const std::string& path, const std::string& data)
 {
     // A link into a shared folder stays a link: the file it names is the one replaced.
@@ -301,10 +319,9 @@ FileResult PosixFiles::replace(const std::string& path, const std::string& data)
         return FileResult::Failed;
     }
     static unsigned counter = 0;
-    const size_t slash = target.find_last_of('/');
-    const std::string temp = target.substr(0, slash + 1) + "." + target.substr(slash + 1) + ".new." +
-                             std::to_string(::getpid()) + "." + std::to_string(++counter);
-    Fd out(createFile(temp, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, old.fd >= 0 ? st.st_mode & 07777 : 0666));
+    std::string temp;
+    Fd out(createBeside(target, ".new." + std::to_string(::getpid()) + "." + std::to_string(++counter),
+                        old.fd >= 0 ? &st : nullptr, temp));
     if (out.fd < 0) {
         if (old.fd < 0)
             return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
@@ -313,14 +330,6 @@ FileResult PosixFiles::replace(const std::string& path, const std::string& data)
         if (::ftruncate(old.fd, 0) != 0 || !writeAll(old.fd, data) || ::fsync(old.fd) != 0)
             return FileResult::Failed;
         return FileResult::Ok;
-    }
-    if (old.fd >= 0) {
-        // The owner first, as a change of owner may clear the set-id bits of the mode; a process
-        // that may not give the file away keeps it as its own.
-        if (::fchown(out.fd, st.st_uid, st.st_gid) != 0 && ::fchown(out.fd, static_cast<uid_t>(-1), st.st_gid) != 0) {
-            // Neither may be given away: the new file stays the process's own.
-        }
-        ::fchmod(out.fd, st.st_mode & 07777);
     }
     if (!writeAll(out.fd, data) || ::fsync(out.fd) != 0 || ::rename(temp.c_str(), target.c_str()) != 0) {
         ::unlink(temp.c_str());
@@ -353,21 +362,49 @@ std::vector<DirEntry> PosixFiles::list(const std::string& directory)
 
 bool PosixFiles::copy(const std::string& from, const std::string& to)
 {
-    std::string src = resolve(from);
-    std::string data;
-    if (readAll(src, data) != FileResult::Ok)
+    std::unique_ptr<FileReader> in;
+    if (openRead(from, in) != FileResult::Ok)
         return false;
-    std::string dst = resolve(to);
-    {
-        Fd out(::open(dst.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-        if (out.fd < 0 || !writeAll(out.fd, data))
+    struct stat src;
+    if (::stat(resolve(from).c_str(), &src) != 0 || S_ISDIR(src.st_mode))
+        return false;
+    const std::string target = followLinks(resolve(to));
+    struct stat old;
+    const bool hadOld = ::stat(target.c_str(), &old) == 0;
+    // The copy is written beside its target and renamed over it, so that nobody ever finds half
+    // of it, not even after the process was killed. Its name is fixed, so that what a killed copy
+    // left is cleared by the next copy onto the same target.
+    std::string temp;
+    Fd out(createBeside(target, ".copy", hadOld ? &old : nullptr, temp));
+    const bool inPlace = out.fd < 0;
+    if (inPlace) {
+        // A share that lets a user write a file but not create one: the target is rewritten where
+        // it stands, under an exclusive lock.
+        out.fd = ::open(target.c_str(), O_WRONLY | O_CLOEXEC);
+        if (out.fd < 0 || !lock(out.fd, true) || ::ftruncate(out.fd, 0) != 0)
             return false;
     }
-    struct stat st;
-    if (::stat(src.c_str(), &st) != 0)
+    // Large pieces, whatever the size of the file: a log of years is copied with little memory.
+    std::vector<char> piece(1 << 20);
+    bool ok = true;
+    for (;;) {
+        const std::int64_t n = in->read(piece.data(), piece.size());
+        if (n <= 0) {
+            ok = n == 0;
+            break;
+        }
+        if (!writeAll(out.fd, piece.data(), static_cast<size_t>(n))) {
+            ok = false;
+            break;
+        }
+    }
+    const struct timespec times[2] = {src.st_atim, src.st_mtim};
+    ok = ok && ::fsync(out.fd) == 0 && ::futimens(out.fd, times) == 0;
+    if (!inPlace && (!ok || ::rename(temp.c_str(), target.c_str()) != 0)) {
+        ::unlink(temp.c_str());
         return false;
-    struct timespec times[2] = {st.st_atim, st.st_mtim};
-    return ::utimensat(AT_FDCWD, dst.c_str(), times, 0) == 0;
+    }
+    return ok;
 }
 
 bool PosixFiles::rename(const std::string& from, const std::string& to)

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <string>
 
+struct stat;
+
 namespace zandolt::system {
 
 class PosixFiles : public Files
@@ -44,7 +46,11 @@ protected:
     virtual int createFile(const std::string& path, int flags, unsigned mode);
 
 private:
-    bool writeAll(int fd, const std::string& data);
+    bool writeAll(int fd, const char* data, std::size_t size);
+    bool writeAll(int fd, const std::string& data) { return writeAll(fd, data.data(), data.size()); }
+    // Creates the hidden file beside `target` (its name followed by `suffix`) that is to take its
+    // place, with the mode and owner of the old file when there is one; the descriptor, or -1.
+    int createBeside(const std::string& target, const std::string& suffix, const struct stat* old, std::string& temp);
     // Backslashes become slashes and a relative path is taken from the current directory.
     std::string native(const std::string& path);
     bool lock(int fd, bool exclusive);
