@@ -1,27 +1,29 @@
 // A report file too large to be built in memory: the daily and individual logs hold as many lines
 // as the log has in the range, and the log has no limit on its size. The text goes out in large
-// pieces to a file beside the report, which takes the report's place once it is complete, so a
+// pieces to a replacement of the report, which takes the report's place once it is complete, so a
 // run that fails leaves the old report as it was, as a report built in memory does.
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace zandolt {
 
 class Files;
+class FileWriter;
 
 class StreamedReportFile
 {
 public:
     StreamedReportFile(Files& files, const std::string& path);
-    // Removes the file beside the report when the report did not take its place.
+    // Drops the replacement when the report did not take its place.
     ~StreamedReportFile();
     StreamedReportFile(const StreamedReportFile&) = delete;
     StreamedReportFile& operator=(const StreamedReportFile&) = delete;
 
-    // Creates the file beside the report; false when the directory cannot be written.
+    // Starts the replacement; false when the report cannot be written.
     bool open();
 
     StreamedReportFile& add(std::string_view text)
@@ -46,9 +48,9 @@ private:
     void flush();
 
     Files& files_;
-    std::string path_, partPath_;
+    std::string path_;
+    std::unique_ptr<FileWriter> writer_;
     std::string text_;
-    bool opened_ = false, failed_ = false, finished_ = false;
 };
 
 } // namespace zandolt
