@@ -10,6 +10,7 @@ packages=(
   xvfb xauth socat xdotool imagemagick fonts-dejavu-core
   cups-daemon cups-client cups-bsd poppler-utils
   python3
+  debootstrap
 )
 
 missing=()
