@@ -213,7 +213,7 @@ TEST(EightStations, AppendWholeLinesEachOnceWhileTheMonthlyReportReadsTheLog)
     }
     EXPECT_EQ(bad, 0u);
     EXPECT_EQ(log.size(), static_cast<size_t>(stations * perStation));
-    char id[16];
+    char id[32];
     for (int k = 1; k <= stations; ++k)
         for (int n = 0; n < perStation; ++n) {
             std::snprintf(id, sizeof id, "W%d-%05d", k, n);

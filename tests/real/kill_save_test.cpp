@@ -25,28 +25,35 @@ extern char** environ;
 namespace zandolt::testing {
 namespace {
 
-// A file a station saves, and the save worker's arguments for two saves that give it different
-// contents.
+// A file a station saves, the save worker's arguments for two saves that give it different
+// contents, and the size of the site: employees, and test lines on each of two days.
 struct SaveCase
 {
     const char* name;
     std::vector<std::string> files;
     std::vector<std::string> first, second;
+    int employees, linesPerDay;
 };
 
 const SaveCase Cases[] = {
-    {"Names", {"NAMES.TXT"}, {"names", "first"}, {"names", "second"}},
-    {"Settings", {"ZANDOLT.INI"}, {"ini", "1"}, {"ini", "2"}},
-    // Built in memory and replaced whole: October has no test, November a grid full of them.
+    // 2.5 MB.
+    {"Names", {"NAMES.TXT"}, {"names", "first"}, {"names", "second"}, 5000, 0},
+    // A company name of 1 MiB.
+    {"Settings", {"ZANDOLT.INI"}, {"ini", "1"}, {"ini", "2"}, 20, 0},
+    // 0.8 MB built in memory and replaced whole: October has no test, November's grid has them.
     {"MonthlyReport",
      {"REPORT.TXT", "REPORT.CSV"},
      {"report", "monthly", "--now", "2026-11-21T09:00:00", "--month", "10"},
-     {"report", "monthly", "--now", "2026-11-21T09:00:00", "--month", "11"}},
-    // Streamed in pieces while the log is read.
+     {"report", "monthly", "--now", "2026-11-21T09:00:00", "--month", "11"},
+     5000,
+     2500},
+    // 3 MB streamed in pieces while the log is read.
     {"DailyLog",
      {"DAILY.TXT", "DAILY.CSV"},
      {"report", "daily", "--now", "2026-11-21T09:00:00", "--date", "11/19/2026"},
-     {"report", "daily", "--now", "2026-11-21T09:00:00", "--date", "11/20/2026"}},
+     {"report", "daily", "--now", "2026-11-21T09:00:00", "--date", "11/20/2026"},
+     20,
+     30000},
 };
 
 void PrintTo(const SaveCase& c, std::ostream* os)
@@ -55,17 +62,15 @@ void PrintTo(const SaveCase& c, std::ostream* os)
 }
 
 constexpr int Kills = 100;
-constexpr int Employees = 5000;
-constexpr int LinesPerDay = 30000;
 
-// 5,000 employees and 30,000 tests on each of two days: a NAMES.TXT of 2.3 MB, daily logs of 3 MB.
-void makeSite(const std::string& dir)
+// Employees Worker0000 and on, each tested in turn on the 19th and the 20th of November 2026.
+void makeSite(const std::string& dir, int employees, int linesPerDay)
 {
     WriteTextFile(dir + "/ZANDOLT.INI", ReadTextFile(ZANDOLT_SOURCE_DIR "/resources/demo/ZANDOLT.INI"));
     const std::string available(372, 'A');
     std::string names = "# names\r\n# of the kill test\r\n";
     char line[160];
-    for (int e = 0; e < Employees; ++e) {
+    for (int e = 0; e < employees; ++e) {
         std::snprintf(line, sizeof line, "Worker%04d, Kim, G%d-%04d, -1.00, -1.00, -1.00, -1.00, -1, -1, A, ", e, e % 7,
                       e);
         names += line;
@@ -74,8 +79,8 @@ void makeSite(const std::string& dir)
     WriteTextFile(dir + "/NAMES.TXT", names);
     std::string log;
     for (int day : {19, 20})
-        for (int n = 0; n < LinesPerDay; ++n) {
-            const int e = n % Employees;
+        for (int n = 0; n < linesPerDay; ++n) {
+            const int e = n % employees;
             std::snprintf(line, sizeof line,
                           "Worker%04d, Kim     , G%d-%04d            , 11-%02d-2026, %02d:%02d:%02d, Wok, Lok, Rok, "
                           "01.00, 02.00, 03.00\r\n",
@@ -147,7 +152,7 @@ class KillSave : public ::testing::TestWithParam<SaveCase>
 protected:
     KillSave()
     {
-        makeSite(dir.path());
+        makeSite(dir.path(), GetParam().employees, GetParam().linesPerDay);
         siteFiles = entries(dir.path());
     }
 
@@ -205,8 +210,8 @@ TEST_P(KillSave, AKilledSaveLeavesTheOldFileOrTheNewOneAndTheNextSaveCleansUp)
     const unsigned seed = std::random_device{}();
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(seed);
-    // Kills fall anywhere from the announcement to the time a save takes; those that come after
-    // the end do not count.
+    // Kills fall anywhere from the first replacement to the time a save takes from there; those
+    // that come after the end do not count.
     std::uniform_int_distribution<long> delayUs(0, static_cast<long>(seconds * 1e6));
     int killed = 0, runs = 0, leftTemporary = 0;
     while (killed < Kills) {

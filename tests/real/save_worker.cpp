@@ -1,6 +1,6 @@
 // save_worker DIR WHAT ARGS...: one save of a station's file, for the tests that kill a save
-// part-way. It starts as a station in DIR would, writes "saving" and a line end on standard output
-// when everything but the save is done, and then saves:
+// part-way. It starts as a station in DIR would and saves, and writes "saving" and a line end on
+// standard output the moment it begins to replace the first file. It saves:
 //   names TAG            every employee's password set to TAG, NAMES.TXT saved
 //   ini TAG              the company name set to TAG repeated to 1 MiB, ZANDOLT.INI saved
 //   report KIND OPTIONS  one report, as zandolt-report makes it with the same arguments
@@ -14,6 +14,7 @@
 
 #include <cstdio>
 #include <iostream>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -48,11 +49,34 @@ const Saver Savers[] = {
     {"ini", setCompanyName, SaveIniFile},
 };
 
-void announce()
+// The real files, which say so on standard output when a file is first replaced: from then on a
+// kill can catch a save part-way.
+class AnnouncingFiles : public headless::FaultyFiles
 {
-    std::fputs("saving\n", stdout);
-    std::fflush(stdout);
-}
+public:
+    using FaultyFiles::FaultyFiles;
+    FileResult replace(const std::string& path, const std::string& data) override
+    {
+        announce();
+        return FaultyFiles::replace(path, data);
+    }
+    FileResult openReplace(const std::string& path, std::unique_ptr<FileWriter>& writer) override
+    {
+        announce();
+        return FaultyFiles::openReplace(path, writer);
+    }
+
+private:
+    void announce()
+    {
+        if (said_)
+            return;
+        said_ = true;
+        std::fputs("saving\n", stdout);
+        std::fflush(stdout);
+    }
+    bool said_ = false;
+};
 
 int usage()
 {
@@ -68,7 +92,9 @@ int main(int argc, char** argv)
         return usage();
     const std::string dir = argv[1], what = argv[2];
     headless::HeadlessBackend backend(dir);
-    App app(backend.services());
+    AnnouncingFiles files(backend.realFiles);
+    App app(
+        Services{backend.ui, backend.clock, backend.serial, backend.printer, files, backend.programs, backend.locale});
 
     if (what == "report") {
         const ParsedArguments parsed = ParseReportArguments(std::vector<std::string>(argv + 3, argv + argc));
@@ -77,7 +103,6 @@ int main(int argc, char** argv)
         if (parsed.request.now)
             backend.clock.setNow(*parsed.request.now);
         backend.ui.answerInputBox("Year?", YearAnswer(parsed.request, backend.clock.now()));
-        announce();
         std::ostringstream paths;
         return RunReport(app, parsed.request, paths, std::cerr);
     }
@@ -89,7 +114,6 @@ int main(int argc, char** argv)
         ReadNamesFile(app);
         saver.change(app, argv[3]);
         const size_t shown = backend.ui.journal().size();
-        announce();
         saver.save(app);
         return backend.ui.journal().size() == shown ? 0 : 1;
     }
