@@ -25,11 +25,15 @@ step "package built: $(basename "$deb")"
 
 cache=$(pwd)/build-package-root
 mirror=${DEBIAN_MIRROR:-http://deb.debian.org/debian}
-mkdir -p "$cache/archives"
+mkdir -p "$cache/debootstrap-archives" "$cache/apt-archives/partial"
 if [ ! -f "$cache/bookworm.tar" ]; then
   rm -rf "$cache/bootstrap"
-  debootstrap --variant=minbase --cache-dir="$cache/archives" bookworm "$cache/bootstrap" "$mirror" >"$cache/debootstrap.log"
+  debootstrap --variant=minbase --cache-dir="$cache/debootstrap-archives" bookworm "$cache/bootstrap" "$mirror" \
+    >"$cache/debootstrap.log"
   cp /etc/resolv.conf "$cache/bootstrap/etc/resolv.conf"
+  # Nothing starts a service inside the root.
+  printf '#!/bin/sh\nexit 101\n' >"$cache/bootstrap/usr/sbin/policy-rc.d"
+  chmod +x "$cache/bootstrap/usr/sbin/policy-rc.d"
   chroot "$cache/bootstrap" apt-get update -qq
   tar -C "$cache/bootstrap" -cf "$cache/bookworm.tar" .
   rm -rf "$cache/bootstrap"
@@ -37,34 +41,38 @@ if [ ! -f "$cache/bookworm.tar" ]; then
 fi
 
 root=$(mktemp -d /tmp/zandolt-root.XXXXXX)
+mounts=()
 cleanup() {
   if [ -n "${station_pid:-}" ]; then
     kill "$station_pid" 2>/dev/null || true
     wait "$station_pid" 2>/dev/null || true
   fi
-  umount "$root/proc" 2>/dev/null || umount -l "$root/proc" 2>/dev/null || true
+  for m in "${mounts[@]}"; do
+    umount "$m" 2>/dev/null || umount -l "$m" 2>/dev/null || true
+  done
   # Never remove through a file system still mounted in the root.
-  if mountpoint -q "$root/proc"; then
-    echo "$root/proc is still mounted: $root is left in place" >&2
-  else
-    rm -rf "$root"
-  fi
-  echo "-- root removed: $(($(date +%s) - step_start)) s"
+  for m in "${mounts[@]}"; do
+    if mountpoint -q "$m"; then
+      echo "$m is still mounted: $root is left in place" >&2
+      return
+    fi
+  done
+  rm -rf "$root"
+  step "root removed"
 }
 trap cleanup EXIT
 tar -C "$root" -xf "$cache/bookworm.tar"
 cp /etc/resolv.conf "$root/etc/resolv.conf"
 mount -t proc proc "$root/proc"
-# Nothing starts a service inside the root.
-printf '#!/bin/sh\nexit 101\n' >"$root/usr/sbin/policy-rc.d"
-chmod +x "$root/usr/sbin/policy-rc.d"
+mounts+=("$root/proc")
+# The packages apt fetches are kept for the next run.
+mount --bind "$cache/apt-archives" "$root/var/cache/apt/archives"
+mounts+=("$root/var/cache/apt/archives")
 cp "$deb" "$root/tmp/"
-cp "$cache"/archives/*.deb "$root/var/cache/apt/archives/" 2>/dev/null || true
 in_root() { chroot "$root" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 "$@"; }
 
-in_root sh -c 'cd /tmp && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends ./zandolt_*.deb' >"$root/tmp/install.log" 2>&1 ||
-  { cat "$root/tmp/install.log"; exit 1; }
-cp -n "$root"/var/cache/apt/archives/*.deb "$cache/archives/" 2>/dev/null || true
+in_root sh -c 'cd /tmp && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends ./zandolt_*.deb' \
+  >"$root/tmp/install.log" 2>&1 || { cat "$root/tmp/install.log"; exit 1; }
 step "installed with apt-get"
 
 fail() {
