@@ -11,6 +11,7 @@ packages=(
   cups-daemon cups-client cups-bsd poppler-utils
   python3-aiosmtpd openssl
   python3 time
+  debootstrap
 )
 
 missing=()

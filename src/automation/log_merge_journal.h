@@ -4,8 +4,9 @@
 //
 // The order of the writes, for each station (network mode):
 //   1. log.txt is renamed to log1.txt, as the merge always did.
-//   2. The merge of log1.txt and the station's Log.txt is written to .log.txt.merging, a file of
-//      its own, which is renamed to .log.txt.merged once it is whole.
+//   2. The merge of log1.txt and the station's Log.txt is written as a replacement of
+//      .log.txt.merged (a hidden file beside it, which the next write of it clears when it was
+//      left by a killed run), and takes that name once it is whole.
 //   3. An entry "C" names the station and the bytes of its Log.txt that went into it, with a
 //      fingerprint of them and the size of the station's LogHist.txt at that moment.
 //   4. .log.txt.merged is renamed to log.txt: from here the server's log holds the lines.
@@ -14,7 +15,7 @@
 //      entry "K" says how much of it is merged already, so the next run takes only the rest.
 // A run starts by finishing what it finds: a "C" entry whose .log.txt.merged is there is renamed
 // into place (4); a log.txt that is missing beside a log1.txt is copied back from it (so a run
-// killed after 1 loses nothing); .log.txt.merging, the half of an output, is deleted. An entry
+// killed after 1 loses nothing); a .log.txt.merged that no entry promised is deleted. An entry
 // "D" (the drain of 5 had not ended) is finished when its station is reached again: the history
 // is appended from where it stopped, which its size tells.
 #pragma once
@@ -56,7 +57,6 @@ public:
 
     static constexpr const char* FileName = "LogSortJournal.txt";
     // The merge's output while it is written, and once it is whole.
-    static constexpr const char* MergingName = ".log.txt.merging";
     static constexpr const char* MergedName = ".log.txt.merged";
 
     // Reads the file; a missing file is an empty journal. False when it cannot be read.

@@ -9,7 +9,6 @@
 #include "reports/log_stream.h"
 #include "reports/streamed_report_file.h"
 
-#include <optional>
 #include <vector>
 
 namespace zandolt {
@@ -207,9 +206,8 @@ void LogSortForm::recover()
         }
     }
     // An output that was never promised to the journal: its lines are still where they came from.
-    for (const char* leftover : {LogMergeJournal::MergingName, LogMergeJournal::MergedName})
-        if (files.exists(leftover))
-            files.remove(leftover);
+    if (files.exists(LogMergeJournal::MergedName))
+        files.remove(LogMergeJournal::MergedName);
     if (!files.exists(ServerLog) && files.exists(OldServerLog) && !files.copy(OldServerLog, ServerLog))
         stop("copy", OldServerLog);
 }
@@ -308,21 +306,15 @@ bool LogSortForm::mergeInto(const std::string& output, StationTake* take)
     if (take)
         reader2 = TakingReader(std::move(reader2), *take);
     LogStream in1(std::move(reader1)), in2(std::move(reader2));
-    std::optional<StreamedReportFile> out;
-    if (take)
-        out.emplace(files, output, LogMergeJournal::MergingName);
-    else
-        out.emplace(files, output);
-    bool merged = out->open();
-    merged = merged && MergeLogLines(in1, in2, *out, counts_, [this] {
-                 showCounts();
-                 app_.ui.doEvents();
-             });
-    merged = merged && out->finish();
-    // A merge that broke off leaves no output: half a log in the place of the whole would be taken
-    // for it.
-    if (!merged && out->placed())
-        files.remove(output);
+    // A merge that breaks off is never finished, so that it leaves no output: half a log in the
+    // place of the whole would be taken for it.
+    StreamedReportFile out(files, output);
+    const bool merged = out.open() && MergeLogLines(in1, in2, out, counts_,
+                                                    [this] {
+                                                        showCounts();
+                                                        app_.ui.doEvents();
+                                                    }) &&
+                        out.finish();
     showCounts();
     app_.ui.doEvents();
     return merged;
@@ -334,7 +326,7 @@ bool LogSortForm::copyStationLog(StationTake& take)
     if (app_.files.openRead(StationLog, reader) != FileResult::Ok)
         return false;
     reader = TakingReader(std::move(reader), take);
-    StreamedReportFile out(app_.files, LogMergeJournal::MergedName, LogMergeJournal::MergingName);
+    StreamedReportFile out(app_.files, LogMergeJournal::MergedName);
     if (!out.open())
         return false;
     std::vector<char> piece(1 << 20);

@@ -14,13 +14,21 @@
 namespace zandolt::testing {
 namespace {
 
-// The program's files with a hook in front of renames and appends, which can refuse one or do what
-// a station does meanwhile.
+// The program's files with a hook in front of renames, appends and the writes of a replacement,
+// which can refuse one or do what a station does meanwhile.
 class HookedFiles : public headless::FaultyFiles
 {
 public:
     using FaultyFiles::FaultyFiles;
     std::function<bool(const std::string& op, const std::string& path)> before;
+
+    FileResult openReplace(const std::string& p, std::unique_ptr<FileWriter>& writer) override
+    {
+        const FileResult opened = FaultyFiles::openReplace(p, writer);
+        if (opened == FileResult::Ok)
+            writer = std::make_unique<HookedWriter>(*this, p, std::move(writer));
+        return opened;
+    }
 
     bool rename(const std::string& a, const std::string& b) override
     {
@@ -32,6 +40,30 @@ public:
             return FileResult::Failed;
         return FaultyFiles::append(p, data);
     }
+
+private:
+    // A write the hook refuses makes the replacement fail, as a full disk does.
+    class HookedWriter : public FileWriter
+    {
+    public:
+        HookedWriter(HookedFiles& files, std::string path, std::unique_ptr<FileWriter> real)
+            : files_(files), path_(std::move(path)), real_(std::move(real))
+        {
+        }
+        void write(std::string_view data) override
+        {
+            if (files_.before && !files_.before("write", path_))
+                refused_ = true;
+            real_->write(data);
+        }
+        FileResult commit() override { return refused_ ? FileResult::Failed : real_->commit(); }
+
+    private:
+        HookedFiles& files_;
+        std::string path_;
+        std::unique_ptr<FileWriter> real_;
+        bool refused_ = false;
+    };
 };
 
 bool EndsWith(const std::string& text, const std::string& end)
@@ -134,7 +166,7 @@ TEST_F(NetworkMerge, AMergeThatWroteNothingRestoresTheOldLogAndLeavesTheStationA
     WriteTextFile(station("st1/Log.txt"), LogText({a8}));
     // The output is begun, but its lines cannot be written.
     files.before = [](const std::string& op, const std::string& p) {
-        return !(op == "append" && EndsWith(p, LogMergeJournal::MergingName) && FileExists(p));
+        return !(op == "write" && EndsWith(p, LogMergeJournal::MergedName));
     };
     RunLogMerge(*app_);
     EXPECT_EQ(prompts().at(0), " The sort did not produce a log.txt file, so will revert to old one.");
@@ -169,7 +201,7 @@ TEST_F(NetworkMerge, WithoutNetListAndWithoutTheFourMountsOnlyTheBackupsRotate)
 TEST_F(NetworkMerge, AnOutputPromisedButNotYetInPlaceIsPutThereAndItsStationOnlyDrained)
 {
     write("log.txt", LogText({s1}));
-    write(LogMergeJournal::MergingName, "half of an earlier output");
+    write("." + std::string(LogMergeJournal::MergedName) + ".new.999999.1", "half of an earlier output");
     WriteTextFile(station("st1/Log.txt"), LogText({a8}));
     WriteTextFile(station("st2/Log.txt"), LogText({b830}));
     // The run stops where the merged output of st1 is promised in the journal but not yet renamed.
@@ -195,7 +227,7 @@ TEST_F(NetworkMerge, AServerLogRenamedAwayIsBroughtBackBeforeAnythingElse)
 {
     // Stopped between the rename of log.txt to log1.txt and the end of the merge.
     write("log1.txt", LogText({s1, s2}));
-    write(LogMergeJournal::MergingName, s1);
+    write("." + std::string(LogMergeJournal::MergedName) + ".new.999999.1", s1);
     WriteTextFile(station("st1/Log.txt"), LogText({a8}));
     RunLogMerge(*app_);
     EXPECT_EQ(read("logbak1.txt"), LogText({s1, s2}));
