@@ -37,7 +37,7 @@ int main(int argc, char** argv)
     const ParsedArguments parsed = ParseReportArguments(std::vector<std::string>(argv + 1, argv + argc));
     const ReportRequest& request = parsed.request;
     if (request.help) {
-        std::cout << ReportUsage() << '\n' << SiteUsage();
+        std::cout << ReportUsage() << '\n' << SiteUsage() << '\n' << ScheduleUsage();
         return ReportDone;
     }
     if (!parsed.error.empty())
