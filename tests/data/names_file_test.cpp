@@ -89,22 +89,23 @@ TEST_F(NamesFile, AStationsFileReadsAndSavesByteForByte)
     ReadNamesFile(*app_);
     EXPECT_EQ(errorWindows(), 0);
     ASSERT_EQ(app_->EmployeeCount, 3);
-    EXPECT_EQ(app_->LastName[0], "Mu\xf1oz");
     EXPECT_EQ(app_->FullName[0], "Mu\xf1oz, Jos\xe9");
     EXPECT_EQ(app_->FullName[1], "M\xc3\xbcller, J\xc3\xbcrgen");
     EXPECT_EQ(app_->IDNum[0], "12-345");
     EXPECT_EQ(app_->BadgeNum[0], "345");
-    EXPECT_EQ(app_->IDNum[2], "77-12");
-    EXPECT_EQ(app_->BadgeNum[2], "9001");
-    EXPECT_EQ(app_->BadgeNum[1], "4711");
     EXPECT_EQ(app_->UpdateFlag[1], -1);
-    EXPECT_EQ(app_->CertWarning[1], 7);
-    EXPECT_EQ(app_->LeaveStop[1], DateSerial(2026, 3, 6));
     EXPECT_EQ(app_->CurrentEmployee, 0);
     EXPECT_EQ(app_->nameForm().List1.listCount(), 3);
     EXPECT_FALSE(app_->NamesFileDate.empty());
 
-    write("NAMES.TXT", "");
+    // An unchanged date reads nothing, and a file that is gone is not retried.
+    ReloadNamesIfChanged(*app_);
+    EXPECT_EQ(backend_->files.readAttempts(), 1);
+    std::filesystem::remove(path("NAMES.TXT"));
+    ReloadNamesIfChanged(*app_);
+    EXPECT_EQ(backend_->files.readAttempts(), 1);
+
+    // The other fields are pinned by the save, whose columns the next test works out by hand.
     SaveNamesFile(*app_);
     EXPECT_EQ(read("NAMES.TXT"), threeRows());
 }
@@ -137,8 +138,6 @@ TEST_F(NamesFile, ALineIsWrittenColumnByColumn)
     EXPECT_EQ(line, "Tarrow, Ned, " + Blanks(8) + "123-456:456, " + Blanks(9) +
                         "000.00, 009.00, 0.00, -1.00,  0, -1, V, 10/14/1997, 10/20/1997, 1, 10/20/2001, " + AllA +
                         ", 12, pass, 1");
-    EXPECT_EQ(line.substr(21, 7), "123-456");
-    EXPECT_EQ(line.substr(43, 6), "000.00");
 
     // Long texts get no padding; an ID that is its own badge stands alone.
     a.LastName[0] = "Featherstonehaugh-Smythe";
@@ -289,18 +288,6 @@ TEST_F(NamesFile, ASaveRetriesAndGivesUpAfterElevenTries)
     EXPECT_EQ(shown, "Error writing Names.txt");
     EXPECT_LT(shownFor(), 2500);
     EXPECT_EQ(read("NAMES.TXT"), threeRows());
-}
-
-TEST_F(NamesFile, AnUnchangedOrMissingFileIsNotReadAgain)
-{
-    // An unchanged date reads nothing, and a file that is gone is not retried.
-    writeNames(threeRows());
-    ReadNamesFile(*app_);
-    ReloadNamesIfChanged(*app_);
-    EXPECT_EQ(backend_->files.readAttempts(), 1);
-    std::filesystem::remove(path("NAMES.TXT"));
-    ReloadNamesIfChanged(*app_);
-    EXPECT_EQ(backend_->files.readAttempts(), 1);
 }
 
 } // namespace

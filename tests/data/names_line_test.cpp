@@ -54,10 +54,8 @@ protected:
 TEST_F(NameLine, ALineWithoutALastNameMakesNoRow)
 {
     // No comma, a comma in front, or a blank name.
-    EXPECT_EQ(readLine("Smith"), NameLineResult::NoRow);
-    EXPECT_EQ(readLine(",Smith, John"), NameLineResult::NoRow);
-    EXPECT_EQ(readLine("   , John"), NameLineResult::NoRow);
-    EXPECT_EQ(readLine(""), NameLineResult::NoRow);
+    for (const char* line : {"Smith", ",Smith, John", "   , John", ""})
+        EXPECT_EQ(readLine(line), NameLineResult::NoRow) << line;
     EXPECT_EQ(row, -1);
 }
 
