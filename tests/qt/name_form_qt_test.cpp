@@ -84,8 +84,9 @@ TEST_F(MainWindowQt, TheMainWindowComesUpMaximisedWithItsListOfNames)
     EXPECT_EQ(list->count(), 20);
     EXPECT_EQ(list->item(0)->text().toStdString(), main().List1.list(0));
 
-    // The window's inner width reached the model, whose resize gave the list its width.
+    // The window's inner size reached the model, whose resize gave the list its width.
     ASSERT_TRUE(QTest::qWaitFor([&] { return main().scaleWidth() == window()->centralWidget()->width() * 15; }));
+    EXPECT_EQ(main().scaleHeight(), window()->centralWidget()->height() * 15);
     EXPECT_EQ(main().List1.width(), main().scaleWidth() - 370);
     EXPECT_EQ(list->width(), (main().scaleWidth() - 370 + 7) / 15);
 }

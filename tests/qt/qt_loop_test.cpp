@@ -110,13 +110,6 @@ TEST_F(QtLoop, AModalFormBlocksTheOthersAndReturnsWhenHiddenOrUnloadedByItsOwnTi
     EXPECT_EQ(small.events, (std::vector<std::string>{"Timer1_Timer"}));
 }
 
-TEST_F(QtLoop, AMessageBoxGivesTheClassicAnswerOfTheButtonPressed)
-{
-    // Yes/No/Cancel answers 7 for No (each set's answers: the conversion tests).
-    AnswerNextMessageBox(QMessageBox::No);
-    EXPECT_EQ(ui.msgBox("Save?", msgbox::YesNoCancel | msgbox::Question, "Title"), msgbox::No);
-}
-
 TEST_F(QtLoop, AFormUnloadedWhileItsTimerHandlerWaitsInAMessageBoxSurvivesIt)
 {
     // The handler's widgets stay until the handler has returned, so nothing is used after its end.
@@ -127,8 +120,9 @@ TEST_F(QtLoop, AFormUnloadedWhileItsTimerHandlerWaitsInAMessageBoxSurvivesIt)
     auto body = std::make_shared<std::function<void()>>([&] {
         form.Timer1.setEnabled(false);
         QTimer::singleShot(20, [&] { form.Unload(); });
-        AnswerNextMessageBox(QMessageBox::Ok, 100);
-        ui.msgBox("Wait", msgbox::OKOnly, "");
+        // The box gives the classic answer of the button pressed (each set's answers: the conversion tests).
+        AnswerNextMessageBox(QMessageBox::No, 100);
+        EXPECT_EQ(ui.msgBox("Save?", msgbox::YesNoCancel | msgbox::Question, "Title"), msgbox::No);
         EXPECT_FALSE(form.loaded());
         after = true;
     });

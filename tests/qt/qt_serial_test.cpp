@@ -58,33 +58,29 @@ protected:
     QtSerial serial{files};
 };
 
-TEST_F(QtSerialPty, APortNumberFromTheMapOpensItsDeviceWhichDropsNulBytes)
+TEST_F(QtSerialPty, APortNumberFromTheMapOpensItsDeviceWhichDropsNulBytesOnlyWhenAsked)
 {
     // Port 3 is the station's end by the case-insensitive PORTS.TXT, named relative to the program
     // directory. (Arrival notices and a pseudo-terminal's missing DTR line are the station's tests
     // on the pair, in tests/real.)
     auto port = serial.createPort();
-    std::string error;
+    std::string error, got;
     ASSERT_TRUE(port->open(3, "9600,N,7,1", true, error)) << error;
     far.write(QByteArray("A\0B", 3));
     far.flush();
-    std::string got;
     ASSERT_TRUE(QTest::qWaitFor([&] { return readMore(*port, got) >= 2; }, 3000));
     EXPECT_EQ(got, "AB");
-}
 
-TEST_F(QtSerialPty, NulCharactersStayWhenNotDiscardedAndDiscardEmptiesTheBuffer)
-{
     // A card reader whose zero bytes are data keeps them.
-    auto port = serial.createPort();
-    std::string error;
+    port->close();
     ASSERT_TRUE(port->open(3, "57600,n,8,1", false, error)) << error;
     far.write(QByteArray("\0\1", 2));
     far.flush();
-    std::string got;
+    got.clear();
     ASSERT_TRUE(QTest::qWaitFor([&] { return readMore(*port, got) >= 2; }, 3000));
     EXPECT_EQ(got, std::string("\0\1", 2));
 
+    // Discarding empties the buffer.
     far.write("old");
     far.flush();
     QTest::qWait(100);
