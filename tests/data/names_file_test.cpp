@@ -26,14 +26,6 @@ const std::string Header =
     "# Example:  Tarrow, Ned, 123-456:78, .075, 10.12, .05, 50.0, -1, 0, V 10/14/1997, 10/20/1997, 1, 10/20/2001, "
     "367AAAA, 0, pass, 0\r\n";
 
-std::string vacationWeek()
-{
-    std::string a = AllA;
-    for (size_t day = 61; day <= 65; ++day)
-        a[day - 1] = 'V';
-    return a;
-}
-
 // Three employees as a station writes them: a name in Windows-1252, one in UTF-8, and one whose
 // badge stands apart from its ID.
 std::string threeRows()
@@ -41,8 +33,9 @@ std::string threeRows()
     return Header + "Mu\xf1oz, Jos\xe9, " + Blanks(8) + "12-345:345, " + Blanks(10) +
            "000.75, 010.50, 000.75, 099.50, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2027, " + AllA +
            ", 0, , 0\r\n" + "M\xc3\xbcller, J\xc3\xbcrgen, " + Blanks(3) + "4711, " + Blanks(16) +
-           "-1.00, -1.00, -1.00, -1.00,  0,  0, V, 03/02/2026, 03/06/2026, 2, 06/30/2028, " + vacationWeek() +
-           ", 7, pw2, 1\r\n" + "Doe, Jane, " + Blanks(10) + "77-12:9001, " + Blanks(10) +
+           "-1.00, -1.00, -1.00, -1.00,  0,  0, V, 03/02/2026, 03/06/2026, 2, 06/30/2028, " + std::string(60, 'A') +
+           "VVVVV" + std::string(AttendanceLength - 65, 'A') + ", 7, pw2, 1\r\n" + "Doe, Jane, " + Blanks(10) +
+           "77-12:9001, " + Blanks(10) +
            "001.00, 020.00, 0.00, -1.00, -1,  0, S, 11/20/2026, 11/27/2026, 1, 01/01/2030, " + AllA + ", 0, , 0\r\n";
 }
 

@@ -64,7 +64,7 @@ protected:
     SampleForm form{ui};
 };
 
-TEST_F(WindowModelTest, EscapeReachesTheCancelButtonUnlessAHandlerSwallowsTheKey)
+TEST_F(WindowModelTest, EscapeReachesTheCancelButtonUnlessAHandlerSwallowsTheKeyAndADisabledWindowIgnoresAll)
 {
     // Enter and the default button go through the Qt widgets in tests/qt.
     form.Load();
@@ -75,11 +75,6 @@ TEST_F(WindowModelTest, EscapeReachesTheCancelButtonUnlessAHandlerSwallowsTheKey
     EXPECT_EQ(form.Text1.userKey(keys::Return, keys::Return), 0);
     EXPECT_EQ(form.Text1.userKey(keys::Escape, keys::Escape), 0);
     EXPECT_TRUE(form.events.empty());
-}
-
-TEST_F(WindowModelTest, ADisabledWindowIgnoresTheUser)
-{
-    form.Load();
     form.setEnabled(false);
     form.OKBut.userClick();
     form.List1.userSelect(1);
