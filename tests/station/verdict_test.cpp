@@ -128,10 +128,10 @@ TEST(VerdictChannels, EachChannelIsNotUsedLowWithinOrHighAndTheRemarkNeedsAllThr
     // Judged wrist, left, right: the last failure gives the code, the bits add up, an over-range
     // reading becomes 100 unless it is a wrist that is not used. A channel is not used when its
     // strap is not required and the other is, or, when neither is, by the switch (a "--" field);
-    // with both required or the switch in the middle every channel is judged. The remark, asked
-    // for in every row but the last, wants each reading at or above its low limit and below its
-    // high one.
-    // The sample message that the other tests vary is itself well formed, and a pass.
+    // with both required or the switch in the middle every channel is judged. A reading is judged
+    // by its number alone, whatever word the tester put beside it. The remark, asked for in every
+    // row but the last, wants each reading at or above its low limit and below its high one. The
+    // first row is the sample message that the other tests vary.
     ASSERT_EQ(kPass.size(), 71u);
     ASSERT_EQ(Message("03.50", "OK", "12.00", "OK", "11.20", "OK"), kPass);
     const std::string ok = "  OK     = 12 Meg|  OK     = 11.2 Meg|";
@@ -154,7 +154,7 @@ TEST(VerdictChannels, EachChannelIsNotUsedLowWithinOrHighAndTheRemarkNeedsAllThr
          "1/1 Wlo,Lok,Rok 0.5 12 11.2|**LOW** = .5 Meg|" + ok + "Wrist Low|"},
         {Message("12.50", "HI", "12.00", "OK", "11.20", "OK"), Both,
          "5/8 Whi,Lok,Rok 12.5 12 11.2|**HIGH** = 12.5 Meg|" + ok + "Wrist high|"},
-        {Message("03.50", "OK", "00.10", "LO", "11.20", "OK"), Both,
+        {Message("03.50", "OK", "00.10", "LO", "11.20", "HI"), Both,
          "2/2 Wok,Llo,Rok 3.5 0.1 11.2|  OK     = 3.5 Meg|**LOW** = .1 Meg|  OK     = 11.2 Meg|Left Foot Low|"},
         {Message("03.50", "OK", "99.99", "HI", "11.20", "OK"), Both,
          "6/16 Wok,Lhi,Rok 3.5 100 11.2|  OK     = 3.5 Meg|**HIGH** > 100 Meg|  OK     = 11.2 Meg|Left foot high|"},
