@@ -125,7 +125,7 @@ TEST_F(QtWidgets, EachControlKindBecomesItsWidgetWithTheModelsProperties)
 TEST_F(QtWidgets, ChangesMadeByTheModelReachTheWidgets)
 {
     // Every kind of property, set by code after the window is up.
-    form.Label1.setCaption("Bye");
+    form.Label1.setCaption("Jos\xE9"); // an old station's Windows-1252
     form.Label1.move(300, 450, 1500, 300);
     form.Label1.setVisible(false);
     form.Text1.setText("other");
@@ -136,11 +136,11 @@ TEST_F(QtWidgets, ChangesMadeByTheModelReachTheWidgets)
     form.OKBut.setEnabled(false);
     form.OKBut.setBackColor(colors::Green);
     form.Scroll1.setValue(75);
-    form.Frame1.setCaption("Other group");
+    form.Frame1.setCaption("Jos\xC3\xA9"); // a new station's UTF-8
     form.setCaption("Renamed");
     form.setSize(6000, 4500);
 
-    EXPECT_EQ(w<QLabel>(form.Label1)->text(), "Bye");
+    EXPECT_EQ(w<QLabel>(form.Label1)->text(), QString::fromUtf8("Jos\xC3\xA9"));
     EXPECT_EQ(w<QLabel>(form.Label1)->geometry(), QRect(20, 30, 100, 20));
     EXPECT_FALSE(w<QLabel>(form.Label1)->isVisibleTo(window()));
     EXPECT_EQ(w<QLineEdit>(form.Text1)->text(), "other");
@@ -151,7 +151,7 @@ TEST_F(QtWidgets, ChangesMadeByTheModelReachTheWidgets)
     EXPECT_FALSE(w<QPushButton>(form.OKBut)->isEnabled());
     EXPECT_EQ(w<QPushButton>(form.OKBut)->palette().color(QPalette::Active, QPalette::Button), QColor(0, 255, 0));
     EXPECT_EQ(w<QScrollBar>(form.Scroll1)->value(), 75);
-    EXPECT_EQ(w<QGroupBox>(form.Frame1)->title(), "Other group");
+    EXPECT_EQ(w<QGroupBox>(form.Frame1)->title(), QString::fromUtf8("Jos\xC3\xA9"));
     EXPECT_EQ(window()->windowTitle(), "Renamed");
     QTest::qWait(1);
     EXPECT_EQ(window()->centralWidget()->size(), QSize(400, 300));
@@ -182,20 +182,6 @@ TEST_F(QtWidgets, ValuesSetByCodeAreNotSentBackAsTheUsersDoing)
     form.Text1.setText("code");
     form.Text1.setText("code");
     EXPECT_EQ(form.events, (std::vector<std::string>{"Text1_Change code"}));
-}
-
-TEST_F(QtWidgets, AClickOnAButtonReachesItsHandlersInTheClassicOrder)
-{
-    // Mouse down and up come from the widget's events, Click from its click.
-    form.events.clear();
-    QTest::mouseClick(w<QPushButton>(form.OKBut), Qt::LeftButton);
-    EXPECT_EQ(form.events, (std::vector<std::string>{"OKBut_MouseDown", "OKBut_MouseUp", "OKBut_Click"}));
-
-    // A disabled button takes no clicks.
-    form.events.clear();
-    form.OKBut.setEnabled(false);
-    QTest::mouseClick(w<QPushButton>(form.OKBut), Qt::LeftButton);
-    EXPECT_TRUE(form.events.empty());
 }
 
 TEST_F(QtWidgets, AUsersSelectionInTheListFiresClickOnce)
@@ -252,9 +238,13 @@ TEST_F(QtWidgets, OptionButtonsAreExclusiveWithinTheirContainerOnly)
     EXPECT_FALSE(radio(form.OptionB)->isChecked());
 }
 
-TEST_F(QtWidgets, AUsersCheckAndEditsAndScrollsReachTheModel)
+TEST_F(QtWidgets, AUsersClicksChecksEditsAndScrollsReachTheModel)
 {
-    // Each widget's own act becomes the model's value, with the model's events.
+    // Mouse down and up come from the widget's events, Click from its click.
+    form.events.clear();
+    QTest::mouseClick(w<QPushButton>(form.OKBut), Qt::LeftButton);
+    EXPECT_EQ(form.events, (std::vector<std::string>{"OKBut_MouseDown", "OKBut_MouseUp", "OKBut_Click"}));
+
     form.events.clear();
     QTest::mouseClick(w<QCheckBox>(form.Check1), Qt::LeftButton);
     EXPECT_EQ(form.Check1.value(), 0);
@@ -272,16 +262,26 @@ TEST_F(QtWidgets, AUsersCheckAndEditsAndScrollsReachTheModel)
     EXPECT_EQ(form.Scroll1.value(), 50);
     EXPECT_TRUE(Contains(form.events, "Scroll1_Change 50"));
 
-    // A locked box takes no edits: the widget is read-only.
+    // A locked box takes no edits: the widget is read-only; a disabled button takes no clicks.
     form.Text1.setLocked(true);
     EXPECT_TRUE(edit->isReadOnly());
+    form.events.clear();
+    form.OKBut.setEnabled(false);
+    QTest::mouseClick(w<QPushButton>(form.OKBut), Qt::LeftButton);
+    EXPECT_TRUE(form.events.empty());
 }
 
 TEST_F(QtWidgets, KeysReachTheControlInClassicCodesAndItsHandlerDecidesWhatTheWidgetTypes)
 {
-    // Enter gives KeyDown 13 and KeyPress 13, and then presses the default button.
-    form.Text1.SetFocus();
+    // SetFocus in code moves the keyboard focus; a user's click moves the model's focus.
+    window()->activateWindow();
+    form.Password1.SetFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return w<QLineEdit>(form.Password1)->hasFocus(); }));
     auto* edit = w<QLineEdit>(form.Text1);
+    QTest::mouseClick(edit, Qt::LeftButton);
+    EXPECT_EQ(form.focused(), &form.Text1);
+
+    // Enter gives KeyDown 13 and KeyPress 13, and then presses the default button.
     form.events.clear();
     QTest::keyClick(edit, Qt::Key_Return);
     EXPECT_EQ(form.events, (std::vector<std::string>{"Text1_KeyDown 13 0", "Text1_KeyPress 13", "OKBut_Click"}));
@@ -300,19 +300,8 @@ TEST_F(QtWidgets, KeysReachTheControlInClassicCodesAndItsHandlerDecidesWhatTheWi
     QTest::keyClicks(edit, "axbc");
     EXPECT_EQ(edit->text(), "aBc");
     EXPECT_EQ(form.Text1.text(), "aBc");
-}
 
-TEST_F(QtWidgets, TextBytesShowAsUtf8OrAsWindows1252)
-{
-    // The same name written by an old station and by a new one reads the same on screen.
-    form.Label1.setCaption("Jos\xE9");
-    EXPECT_EQ(w<QLabel>(form.Label1)->text(), QString::fromUtf8("Jos\xC3\xA9"));
-    form.Label1.setCaption("Jos\xC3\xA9");
-    EXPECT_EQ(w<QLabel>(form.Label1)->text(), QString::fromUtf8("Jos\xC3\xA9"));
-
-    // What the user types goes back as UTF-8.
-    auto* edit = w<QLineEdit>(form.Text1);
-    edit->setFocus();
+    // A character beyond ASCII reaches the model as UTF-8.
     edit->clear();
     PressKey(edit, Qt::Key_Eacute, QString::fromUtf8("\xC3\xA9"));
     EXPECT_EQ(form.Text1.text(), "\xC3\xA9");
@@ -380,16 +369,6 @@ TEST_F(QtWidgets, APictureFitsItsControlKeepingItsShapeOverWhatLiesBehind)
     // An unknown picture shows nothing.
     form.Picture1.setPicture("nothing");
     EXPECT_FALSE(dynamic_cast<PictureView*>(ui.widget(form.Picture1))->hasPicture());
-}
-
-TEST_F(QtWidgets, AFocusGivenByTheModelLandsOnTheWidget)
-{
-    // SetFocus in code moves the keyboard focus; a user's click moves the model's focus.
-    window()->activateWindow();
-    form.Password1.SetFocus();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return w<QLineEdit>(form.Password1)->hasFocus(); }));
-    QTest::mouseClick(w<QLineEdit>(form.Text1), Qt::LeftButton);
-    EXPECT_EQ(form.focused(), &form.Text1);
 }
 
 TEST_F(QtWidgets, AMemoWithAHorizontalBarKeepsItsLinesAndTellsTheModelItsSelection)
