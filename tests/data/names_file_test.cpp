@@ -173,27 +173,9 @@ TEST_F(NamesFile, AnEmptyFileOrABlankLineBeforeTheFirstEmployeeFailsButHeaderLin
     EXPECT_EQ(app_->CurrentEmployee, -1);
 }
 
-TEST_F(NamesFile, FiveThousandEmployeesFitAndTheListNumbersThemInAColumnOfThree)
+TEST_F(NamesFile, FiveThousandEmployeesFitAndTheLinesBeyondFailInTheIdSplitOrBeyondTheTable)
 {
-    // 5,000 lines read silently. " %3d. ": numbers of one to three digits right-aligned in three
-    // places after a blank, a fourth digit pushing the name one place on.
-    writeNames(manyRows(5000));
-    ReadNamesFile(*app_);
-    EXPECT_EQ(errorWindows(), 0);
-    EXPECT_EQ(app_->EmployeeCount, 5000);
-    EXPECT_EQ(app_->LastName[4999], "N4999");
-    const std::vector<std::string>& items = app_->nameForm().List1.items();
-    ASSERT_EQ(items.size(), 5000u);
-    EXPECT_EQ(items[0], "   1. N0, F");
-    EXPECT_EQ(items[9], "  10. N9, F");
-    EXPECT_EQ(items[99], " 100. N99, F");
-    EXPECT_EQ(items[999], " 1000. N999, F");
-    EXPECT_EQ(app_->FullName[4999], "N4999, F");
-}
-
-TEST_F(NamesFile, AFileOf5001LinesFillsEveryRowAndFailsInTheIdSplit)
-{
-    // The table is full and counted, but the list and the file date are not renewed.
+    // 5,001 lines fill every row and are counted, but the list and the file date are not renewed.
     writeNames(manyRows(5001));
     watchError();
     ReadNamesFile(*app_);
@@ -205,11 +187,9 @@ TEST_F(NamesFile, AFileOf5001LinesFillsEveryRowAndFailsInTheIdSplit)
     EXPECT_EQ(app_->CurrentEmployee, 5000);
     EXPECT_EQ(app_->NamesFileDate, "");
     EXPECT_EQ(app_->nameForm().List1.listCount(), 0);
-}
 
-TEST_F(NamesFile, AFileOf5002LinesFailsAtTheLineBeyondTheTable)
-{
-    // The count of the last good read stays; the rows read so far are the new ones.
+    // 5,002 lines fail at the line beyond the table: the count of the last good read stays, the
+    // rows read so far are the new ones.
     writeNames(threeRows());
     ReadNamesFile(*app_);
     const std::string date = app_->NamesFileDate;
@@ -222,6 +202,20 @@ TEST_F(NamesFile, AFileOf5002LinesFailsAtTheLineBeyondTheTable)
     EXPECT_EQ(app_->LastName[5000], "N5000");
     EXPECT_EQ(app_->CurrentEmployee, 5001);
     EXPECT_EQ(app_->NamesFileDate, date);
+
+    // 5,000 read silently. " %3d. ": numbers of one to three digits right-aligned in three places
+    // after a blank, a fourth digit pushing the name one place on.
+    writeNames(manyRows(5000));
+    ReadNamesFile(*app_);
+    EXPECT_EQ(errorWindows(), 2);
+    EXPECT_EQ(app_->EmployeeCount, 5000);
+    EXPECT_EQ(app_->FullName[4999], "N4999, F");
+    const std::vector<std::string>& items = app_->nameForm().List1.items();
+    ASSERT_EQ(items.size(), 5000u);
+    EXPECT_EQ(items[0], "   1. N0, F");
+    EXPECT_EQ(items[9], "  10. N9, F");
+    EXPECT_EQ(items[99], " 100. N99, F");
+    EXPECT_EQ(items[999], " 1000. N999, F");
 }
 
 TEST_F(NamesFile, ABusyFileIsReadOnTheFourthTry)

@@ -184,14 +184,24 @@ TEST_F(SettingsFile, TheDefaultsAreWrittenInTheirFiveForms)
 
 TEST_F(SettingsFile, SevenLinesAreEnoughAndSixAreNot)
 {
-    // Seven lines: their values and defaults for the rest, silently.
+    // Seven lines after a full file: their values, silently; lines 9, 10, 23 and 46 keep what the
+    // first read found, the others go back to their defaults, and the kept flag of line 10 makes
+    // the selection type 1 when line 43 is missing.
+    writeIni(joined(fullFile()));
+    ReadIniFile(*app_);
     writeIni(joined(fullFile(), 7));
     ReadIniFile(*app_);
     EXPECT_TRUE(ui().messages().empty());
     EXPECT_EQ(app_->AdminPassword, "topsecret");
     EXPECT_EQ(app_->BarCodeFlag, 0);
     EXPECT_EQ(app_->SecondsToRetest, 10);
-    EXPECT_EQ(app_->NamesPathFull, appDir() + "NAMES.TXT");
+    EXPECT_EQ(app_->UseLastChars, 0);
+    EXPECT_EQ(app_->WelcomeMessage, "Welcome");
+    EXPECT_EQ(app_->NamesPathFull, "/srv/names/NAMES.TXT");
+    EXPECT_EQ(app_->NoMonitorFlag, -1);
+    EXPECT_EQ(app_->CertWarnAdvanceDays, 14);
+    EXPECT_EQ(app_->EmployeeSelectionType, 1);
+    EXPECT_EQ(app_->AcceptNameFlag, -1);
 
     // Six lines: the message, and the read ends with blank directories and paths.
     headless::HeadlessBackend otherBackend(dir_.path());
@@ -284,22 +294,6 @@ TEST_F(SettingsFile, BlankDirectoriesAreTheProgramDirectory)
     EXPECT_EQ(app_->NamesPathFull, appDir() + "NAMES.TXT");
     EXPECT_EQ(app_->LogPath, "/data/logsLOG.TXT");
     EXPECT_EQ(app_->ReportTxtPath, appDir() + "REPORT.TXT");
-}
-
-TEST_F(SettingsFile, ASecondReadKeepsSomeValuesAFileNoLongerHas)
-{
-    // Lines 9, 10 and 23 keep what the first read found, line 13 goes back to its default, and
-    // the kept flag of line 10 makes the selection type 1 when line 43 is missing.
-    writeIni(joined(fullFile()));
-    ReadIniFile(*app_);
-    writeIni(joined(fullFile(), 8));
-    ReadIniFile(*app_);
-    EXPECT_EQ(app_->NoMonitorFlag, -1);
-    EXPECT_EQ(app_->CertWarnAdvanceDays, 14);
-    EXPECT_EQ(app_->EmployeeSelectionType, 1);
-    EXPECT_EQ(app_->AcceptNameFlag, -1);
-    EXPECT_EQ(app_->UseLastChars, 0);
-    EXPECT_EQ(app_->WelcomeMessage, "Welcome");
 }
 
 TEST_F(SettingsFile, TheStockMessagesComeInTheStationsLanguage)
