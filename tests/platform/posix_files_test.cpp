@@ -49,23 +49,6 @@ TEST_F(PosixFilesTest, AppendCreatesTheFileAndAddsToItButAMissingFileOrDirectory
     EXPECT_EQ(files.append(at("no/such/dir/LOG.TXT"), "x"), FileResult::NotFound);
 }
 
-TEST_F(PosixFilesTest, AFileHeldByAnotherWriterIsBusyUntilItIsFree)
-{
-    // The holder is another open file description, as another station would be.
-    files.setLockWaitMs(0);
-    std::string seen;
-    {
-        system::ExclusiveHold other(at("LOG.TXT"));
-        ASSERT_TRUE(other.held());
-        EXPECT_EQ(files.append("LOG.TXT", "x"), FileResult::Busy);
-        EXPECT_EQ(files.readAll("LOG.TXT", seen), FileResult::Busy);
-        EXPECT_EQ(files.replace("LOG.TXT", "y"), FileResult::Busy);
-    }
-    EXPECT_EQ(files.append("LOG.TXT", "x"), FileResult::Ok);
-    EXPECT_EQ(files.readAll("LOG.TXT", seen), FileResult::Ok);
-    EXPECT_EQ(seen, "x");
-}
-
 TEST_F(PosixFilesTest, AShortHoldIsWaitedFor)
 {
     // Within the lock wait a collision never reaches the caller's retries.
@@ -79,9 +62,10 @@ TEST_F(PosixFilesTest, AShortHoldIsWaitedFor)
     releaser.join();
 }
 
-TEST_F(PosixFilesTest, AFileReadInPiecesWaitsOnlyWhileAWriterHoldsIt)
+TEST_F(PosixFilesTest, AFileHeldByAnotherWriterIsBusyUntilItIsFreeAndAReadInPiecesWaitsOnlyThen)
 {
-    // Each piece takes its own lock: a writer in between blocks that piece, not the whole scan.
+    // The holder is another open file description, as another station would be. Each piece of a
+    // read takes its own lock: a writer in between blocks that piece, not the whole scan.
     files.setLockWaitMs(0);
     testing::WriteTextFile(at("Log.txt"), "abcdef");
     std::unique_ptr<FileReader> reader;
@@ -92,7 +76,10 @@ TEST_F(PosixFilesTest, AFileReadInPiecesWaitsOnlyWhileAWriterHoldsIt)
         system::ExclusiveHold other(at("Log.txt"));
         ASSERT_TRUE(other.held());
         EXPECT_EQ(reader->read(piece, 4), -1);
+        std::string seen;
         EXPECT_EQ(files.append("LOG.TXT", "gh"), FileResult::Busy);
+        EXPECT_EQ(files.readAll("LOG.TXT", seen), FileResult::Busy);
+        EXPECT_EQ(files.replace("LOG.TXT", "y"), FileResult::Busy);
     }
     EXPECT_EQ(files.append("LOG.TXT", "gh"), FileResult::Ok);
     ASSERT_EQ(reader->read(piece, 4), 4);

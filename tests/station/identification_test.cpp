@@ -222,7 +222,6 @@ TEST_F(Identification, EachRowOfTheNotFoundTableForTypedText)
         std::string typed, seen;
     } cases[] = {
         {2, "9999", "Badge# not found|Badge unknown"},
-        {2, "Smith, Ann", "Incorrect entry|Sorry, names are not accepted, please enter your badge#"},
         {2, "Doe, Jane", "Incorrect entry|Sorry, names are not accepted, please enter your badge#"},
         {3, "9999", "ID not found|Badge unknown"},
         {3, "Smith, Ann", "Incorrect entry|Sorry, names are not accepted, please enter your ID#"},
