@@ -106,32 +106,6 @@ protected:
     std::string error;
 };
 
-TEST_F(Identification, ANameTypedInAnyCaseFindsItsRow)
-{
-    start(1, staff());
-    type("roe, rick");
-    EXPECT_TRUE(testWindowOpen());
-    EXPECT_EQ(app_->CurrentEmployee, 1);
-    EXPECT_EQ(main().NameOrIDText.text(), "");
-}
-
-TEST_F(Identification, AnIdIsMatchedBehindItsHyphenAndAScannedBadgeByItselfOnceTrimmed)
-{
-    start(3, staff());
-    type("4712");
-    EXPECT_EQ(app_->CurrentEmployee, 1);
-    app_->rs232Form().CancelButton.userClick();
-    writeSettings([](Settings& s) {
-        s.EmployeeSelectionType = 2;
-        s.BarCodeFlag = 1;
-        s.UseLastChars = 3;
-    });
-    ReadIniFile(*app_); // which empties the table, so the file is read again too
-    ReadNamesFile(*app_);
-    type("XX-00180");
-    EXPECT_EQ(app_->CurrentEmployee, 0);
-}
-
 TEST_F(Identification, TheCatchAllRowTakesEveryUnknownId)
 {
     start(3, {Employee{.last = "Visitor", .first = "Any", .id = "GUEST-???"}, Employee{}});
@@ -211,16 +185,22 @@ TEST_F(Identification, TheEnterLeftOverFromAReaderIsDropped)
     EXPECT_TRUE(testWindowOpen());
 }
 
-TEST_F(Identification, EachRowOfTheNotFoundTableForTypedText)
+TEST_F(Identification, TypedTextFindsItsRowOrTheFirstFittingRowOfTheNotFoundTable)
 {
-    // Selection types 2 (badges), 3 (IDs), 1 (names) and 4 (names and IDs), each with a number
-    // and a name that nobody has; the first fitting row of the table gives title and text. A name
-    // where only badges count is refused even when it is someone's, and the box is emptied.
+    // A name in any case, an ID behind its hyphen, a scanned badge by itself once trimmed to its
+    // last three characters; then for selection types 2 (badges), 3 (IDs), 1 (names) and 4 (names
+    // and IDs) a number and a name that nobody has, whose title and text come from the first
+    // fitting row of the not-found table. A name where only badges count is refused even when it
+    // is someone's. The box is emptied every time.
     const struct
     {
         int type;
         std::string typed, seen;
+        int16 barCode = 0, useLastChars = 0;
     } cases[] = {
+        {1, "roe, rick", "Roe, Rick"},
+        {3, "4712", "Roe, Rick"},
+        {2, "XX-00180", "Doe, Jane", 1, 3},
         {2, "9999", "Badge# not found|Badge unknown"},
         {2, "Doe, Jane", "Incorrect entry|Sorry, names are not accepted, please enter your badge#"},
         {3, "9999", "ID not found|Badge unknown"},
@@ -231,18 +211,24 @@ TEST_F(Identification, EachRowOfTheNotFoundTableForTypedText)
         {4, "Smith, Ann", "Incorrect entry|Sorry, your name was not found"},
     };
     start(2, staff());
+    std::string seen; // outside the loop: a script a found row leaves unused serves the next error
     for (const auto& c : cases) {
         writeSettings([&](Settings& s) {
             s.EmployeeSelectionType = static_cast<int16>(c.type);
+            s.BarCodeFlag = c.barCode;
+            s.UseLastChars = c.useLastChars;
             s.UnknownIdMessage = "Badge unknown";
         });
         ReadIniFile(*app_); // which empties the table, so the file is read again too
         ReadNamesFile(*app_);
-        std::string seen;
+        seen.clear();
         ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
         type(c.typed);
+        if (testWindowOpen()) {
+            seen = app_->rs232Form().NameLabel.caption();
+            app_->rs232Form().CancelButton.userClick();
+        }
         EXPECT_EQ(seen, c.seen) << c.type << " " << c.typed;
-        EXPECT_FALSE(testWindowOpen());
         EXPECT_EQ(main().NameOrIDText.text(), "");
     }
 }
