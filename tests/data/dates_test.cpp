@@ -38,11 +38,7 @@ TEST(Dates, EveryDayOfTwoAndAHalfCenturiesFollowsTheDayBefore)
     EXPECT_EQ(DateSerial(2159, 1, 1), expected);
     EXPECT_EQ(DateSerial(2100, 2, 29), DateSerial(2100, 3, 1));
     EXPECT_EQ(DayOfYear(DateTime{2023, 12, 31}), 365);
-}
-
-TEST(Dates, MonthsAndDaysOutsideTheirRangeRunOver)
-{
-    // The calendar's overflow rule, both ways.
+    // Months and days outside their range run over, both ways.
     EXPECT_EQ(ymd(DateSerial(2023, 13, 1)), "2024-1-1");
     EXPECT_EQ(ymd(DateSerial(2023, 25, 1)), "2025-1-1");
     EXPECT_EQ(ymd(DateSerial(2024, 0, 15)), "2023-12-15");

@@ -10,13 +10,17 @@ namespace {
 
 using ResultWindows = StationTest;
 
-TEST_F(ResultWindows, ThePressAnimationGoesDownHoldsAndComesBackUp)
+TEST_F(ResultWindows, ThePressAnimationGoesDownHoldsAndComesBackUpAndOnlyWhoWearsNoStrapIsAskedForTheSwitch)
 {
     // Ticks of 100 ms: frames 1..9 shown as 1,2,3,4 and then held on 4, back down from 8 to -1,
-    // where the first picture stands for the frame before the turn, and up again.
+    // where the first picture stands for the frame before the turn, and up again. Label168 asks
+    // for the switch position, which matters only when no strap is required.
     app_->CurrentEmployee = 0;
+    app_->WristEnable[0] = False;
+    app_->FootEnable[0] = False;
     PressForm& press = app_->pressForm();
     press.Load();
+    EXPECT_TRUE(press.Label168.visible());
     EXPECT_EQ(app_->TestWindowOpenFlag, 1);
     EXPECT_EQ(press.MainImage.picture(), "press0");
     std::string frames; // the pictures' numbers, press0 to press4
@@ -29,21 +33,9 @@ TEST_F(ResultWindows, ThePressAnimationGoesDownHoldsAndComesBackUp)
 
     press.Unload();
     EXPECT_EQ(app_->TestWindowOpenFlag, 0);
-}
-
-TEST_F(ResultWindows, TheRockerSwitchLineIsShownOnlyToWhoWearsNeitherStrap)
-{
-    // Label168 asks for the switch position; it matters only when no strap is required.
-    app_->CurrentEmployee = 2;
-    app_->WristEnable[2] = False;
-    app_->FootEnable[2] = True;
-    app_->pressForm().Load();
-    EXPECT_FALSE(app_->pressForm().Label168.visible());
-    app_->pressForm().Unload();
-
-    app_->FootEnable[2] = False;
-    app_->pressForm().Load();
-    EXPECT_TRUE(app_->pressForm().Label168.visible());
+    app_->FootEnable[0] = True;
+    press.Load();
+    EXPECT_FALSE(press.Label168.visible());
 }
 
 TEST_F(ResultWindows, SeveralFailedContactsFlashTogetherAndTheOthersStayWhole)
