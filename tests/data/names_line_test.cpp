@@ -120,7 +120,6 @@ TEST_F(NameLine, ALineEndsAtItsFirstFieldThatIsEmptyOrDoesNotFitAndLeavesTheDefa
 
 TEST_F(NameLine, TheTableEndsAfterRow5000)
 {
-    // Row 5000 is the last; a line after it fails.
     row = MaxEmployeeIndex - 1;
     EXPECT_EQ(readLine("Last, One"), NameLineResult::Row);
     EXPECT_EQ(readLine("Beyond, One"), NameLineResult::Failed);
@@ -129,7 +128,6 @@ TEST_F(NameLine, TheTableEndsAfterRow5000)
 
 TEST(IdField, ColonThenHyphenThenTheWholeId)
 {
-    // The four forms of the ID field.
     auto split = [](std::string id) {
         std::string badge = "old";
         SplitIdField(id, badge);

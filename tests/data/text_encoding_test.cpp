@@ -39,7 +39,7 @@ TEST(TextEncoding, EveryWindows1252ByteSurvivesTheWayToUtf8AndBack)
     EXPECT_EQ(ConvertText("\x80\x9F\xFC\x81", Cp1252, Utf8), "\xE2\x82\xAC\xC5\xB8\xC3\xBC\xC2\x81");
 }
 
-TEST(TextEncoding, TypedTextTakesTheFilesEncodingAndWhatItLacksMatchesNothing)
+TEST(TextEncoding, TypedTextTakesTheFilesEncodingWhatItLacksMatchesNothingAndStoredTextHasNoCommas)
 {
     EXPECT_EQ(InEncoding("M\xC3\xBCller", Cp1252), "M\xFCller");
     EXPECT_EQ(InEncoding("M\xFCller", Cp1252), "M\xFCller"); // already the file's bytes
@@ -50,10 +50,7 @@ TEST(TextEncoding, TypedTextTakesTheFilesEncodingAndWhatItLacksMatchesNothing)
     // A status letter or certification type is one character, never half of one.
     EXPECT_EQ(FirstCharacter("\xC3\xBC\x62\x65r", Utf8), "\xC3\xBC");
     EXPECT_EQ(FirstCharacter("\xFC\x62\x65r", Cp1252), "\xFC");
-}
-
-TEST(StorableText, CommasAndLineEndsBecomeBlanksInTheFilesEncoding)
-{
+    // Text stored in a comma-separated file: commas and line ends become blanks.
     std::string text = "Smith,Jr\r\nM\xC3\xBCller";
     EXPECT_TRUE(MakeStorable(text, Cp1252));
     EXPECT_EQ(text, "Smith Jr  M\xFCller");

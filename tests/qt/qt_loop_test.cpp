@@ -49,7 +49,6 @@ void AnswerNextMessageBox(QMessageBox::StandardButton button, int delayMs = 0)
 
 TEST_F(QtLoop, ATimersTicksReachTheFormWhileItIsEnabledAndNotInsideTheirOwnHandler)
 {
-    // Ticks come on the real loop once the timer is enabled, and stop when it is disabled.
     form.Load();
     QTest::qWait(60);
     EXPECT_FALSE(Contains(form.events, "Timer1_Timer"));

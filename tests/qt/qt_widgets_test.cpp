@@ -57,7 +57,7 @@ protected:
     AllKindsForm form;
 };
 
-TEST_F(QtWidgets, EachControlKindBecomesItsWidgetWithTheModelsProperties)
+TEST_F(QtWidgets, EachControlKindBecomesItsWidgetWithTheModelsPropertiesAndFollowsTheirChanges)
 {
     // Geometry is twips over 15; the label's colours, border, alignment and font are the model's.
     auto* label = w<QLabel>(form.Label1);
@@ -120,11 +120,8 @@ TEST_F(QtWidgets, EachControlKindBecomesItsWidgetWithTheModelsProperties)
     // The form's size is the inner size, below the menu bar.
     EXPECT_EQ(window()->windowTitle(), "All kinds");
     EXPECT_EQ(window()->centralWidget()->size(), QSize(600, 400));
-}
 
-TEST_F(QtWidgets, ChangesMadeByTheModelReachTheWidgets)
-{
-    // Every kind of property, set by code after the window is up.
+    // Every kind of property changed by the model after the window is up reaches its widget.
     form.Label1.setCaption("Jos\xE9"); // an old station's Windows-1252
     form.Label1.move(300, 450, 1500, 300);
     form.Label1.setVisible(false);
