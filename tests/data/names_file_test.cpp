@@ -1,6 +1,5 @@
 #include "data/names_file.h"
 
-#include "data/dates.h"
 #include "station/err_msg_frm.h"
 #include "station/name_form.h"
 #include "support/station_fixture.h"
@@ -105,41 +104,19 @@ TEST_F(NamesFile, AStationsFileReadsAndSavesByteForByte)
 
 TEST_F(NamesFile, ALineIsWrittenColumnByColumn)
 {
-    // Worked out by hand: padding to 21 and 43, the badge kept apart because the comparison keeps
-    // the hyphen, limits with the lost carry, the blank before a non-negative enable.
-    App& a = *app_;
-    a.LastName[0] = "Tarrow";
-    a.FirstName[0] = "Ned";
-    a.IDNum[0] = "123-456";
-    a.BadgeNum[0] = "456";
-    a.WristMin[0] = 0.999f;
-    a.WristMax[0] = 9.999f;
-    a.FootMin[0] = 0;
-    a.FootMax[0] = -3;
-    a.WristEnable[0] = 0;
-    a.FootEnable[0] = -1;
-    a.LeaveStatus[0] = "V";
-    a.LeaveStart[0] = DateSerial(1997, 10, 14);
-    a.LeaveStop[0] = DateSerial(1997, 10, 20);
-    a.CertType[0] = "1";
-    a.CertExpiry[0] = DateSerial(2001, 10, 20);
-    a.Attendance[0] = AllA;
-    a.CertWarning[0] = 12;
-    a.EmpPassword[0] = "pass";
-    a.UpdateFlag[0] = -1;
-    const std::string line = FormatNameLine(a, 0);
-    EXPECT_EQ(line, "Tarrow, Ned, " + Blanks(8) + "123-456:456, " + Blanks(9) +
-                        "000.00, 009.00, 0.00, -1.00,  0, -1, V, 10/14/1997, 10/20/1997, 1, 10/20/2001, " + AllA +
-                        ", 12, pass, 1");
-
-    // Long texts get no padding; an ID that is its own badge stands alone.
-    a.LastName[0] = "Featherstonehaugh-Smythe";
-    a.FirstName[0] = "Al";
-    a.IDNum[0] = "1234567890123";
-    a.BadgeNum[0] = "1234567890123";
-    a.UpdateFlag[0] = 0;
-    EXPECT_EQ(FormatNameLine(a, 0).substr(0, 53), "Featherstonehaugh-Smythe, Al, 1234567890123, 000.00, ");
-    EXPECT_EQ(FormatNameLine(a, 0).back(), '0');
+    // Lines as a person might type them come back in the station's columns, worked out by hand:
+    // padding to 21 and 43, the badge kept apart because the comparison keeps the hyphen, limits
+    // with the lost carry, the blank before a non-negative enable; long texts get no padding, and
+    // an ID that is its own badge stands alone.
+    writeNames(Header + "Tarrow, Ned, 123-456:456, 0.999, 9.999, 0, -3, 0, -1, V, 10/14/1997, 10/20/1997, 1, " +
+               "10/20/2001, " + AllA + ", 12, pass, -1\r\nFeatherstonehaugh-Smythe, Al, 1234567890123, 0.999\r\n");
+    ReadNamesFile(*app_);
+    EXPECT_EQ(FormatNameLine(*app_, 0), "Tarrow, Ned, " + Blanks(8) + "123-456:456, " + Blanks(9) +
+                                            "000.00, 009.00, 0.00, -1.00,  0, -1, V, 10/14/1997, 10/20/1997, 1, "
+                                            "10/20/2001, " +
+                                            AllA + ", 12, pass, 1");
+    EXPECT_EQ(FormatNameLine(*app_, 1).substr(0, 53), "Featherstonehaugh-Smythe, Al, 1234567890123, 000.00, ");
+    EXPECT_EQ(FormatNameLine(*app_, 1).back(), '0');
 }
 
 TEST_F(NamesFile, AnEmptyFileOrABlankLineBeforeTheFirstEmployeeFailsButHeaderLinesAloneAreAnEmptyTable)
