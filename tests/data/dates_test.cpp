@@ -48,7 +48,7 @@ TEST(Dates, EveryDayOfTwoAndAHalfCenturiesFollowsTheDayBefore)
     EXPECT_EQ(ymd(DateSerial(2024, 1, 366)), "2024-12-31");
 }
 
-TEST(Dates, TextsReadAsMonthDayYearOrAsNoDate)
+TEST(Dates, TextsReadAsMonthDayYearOrAsNoDateWithACenturyThatSlidesWithThePresentYear)
 {
     // Any of "/", "-", "." or "\" with blanks around the parts, the day rounded; an impossible
     // date runs over instead of being rejected; when the slash wins the first reading, hyphens
@@ -62,6 +62,19 @@ TEST(Dates, TextsReadAsMonthDayYearOrAsNoDate)
         EXPECT_EQ(StringToDate(text, 2026), 0) << '"' << text << '"';
     EXPECT_FALSE(IsDateText("/4/99", 2026));
     EXPECT_TRUE(IsDateText("12/31/2027", 2026));
+
+    // The century slides with the present year: thirty years back and no further, four-digit
+    // years included.
+    EXPECT_EQ(ymd(StringToDate("1/2/1950", 2030)), "2050-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/2000", 2030)), "2000-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/99", 2030)), "2099-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/99", 2026)), "1999-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/95", 2026)), "2095-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/00", 2026)), "2000-1-2");
+    EXPECT_EQ(ymd(FixDateCentury(DateSerial(1950, 6, 1), 2030)), "2050-6-1");
+    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 6, 1), 2030)), "2000-6-1");
+    // 2100 is no leap year.
+    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 2, 29), 2031)), "2100-2-28");
 }
 
 TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
@@ -92,21 +105,6 @@ TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
     EXPECT_EQ(StringToDate("12/31/1999", 2026), DateSerial(1999, 12, 31));
     // The year's numeric prefix is 1: 1901 by the century rule, and a hundred on by the slide.
     EXPECT_EQ(StringToDate("12/31/1:99", 2026), DateSerial(2001, 12, 31));
-}
-
-TEST(Dates, TheCenturySlidesWithThePresentYear)
-{
-    // Thirty years back from the present year and no further, four-digit years included.
-    EXPECT_EQ(ymd(StringToDate("1/2/1950", 2030)), "2050-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/2000", 2030)), "2000-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/99", 2030)), "2099-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/99", 2026)), "1999-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/95", 2026)), "2095-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/00", 2026)), "2000-1-2");
-    EXPECT_EQ(ymd(FixDateCentury(DateSerial(1950, 6, 1), 2030)), "2050-6-1");
-    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 6, 1), 2030)), "2000-6-1");
-    // 2100 is no leap year.
-    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 2, 29), 2031)), "2100-2-28");
 }
 
 } // namespace

@@ -14,7 +14,7 @@ protected:
     Date read(std::string_view text) { return ReadTypedDate(locale, text, 2026); }
 };
 
-TEST_F(TypedDate, TheFormsPeopleTypeReadAsMonthDayYear)
+TEST_F(TypedDate, TheFormsPeopleTypeReadAsMonthDayYearAndWhatNamesNoDayIsNoDate)
 {
     for (const char* text : {"3/4/2026", " 03/04/2026 ", "3/4/26", "3-4-2026", "3.4.26", "2026-03-04", "2026/3/4",
                              "March 4, 2026", "4 march 2026", "4-MAR-26", "Mar 4" /* no year: this year */, "3/4"})
@@ -28,11 +28,9 @@ TEST_F(TypedDate, TheFormsPeopleTypeReadAsMonthDayYear)
     EXPECT_EQ(read("1/1/00"), DateSerial(2000, 1, 1));
     EXPECT_EQ(ReadTypedDate(locale, "1/1/20", 2000), DateSerial(1920, 1, 1));
     EXPECT_EQ(ReadTypedDate(locale, "1/1/19", 2000), DateSerial(2019, 1, 1));
-}
 
-TEST_F(TypedDate, WhatNamesNoDayOfTheCalendarIsNoDate)
-{
-    // Unlike the system's own reading, nothing runs over into the next month or year.
+    // What names no day of the calendar is no date: unlike the system's own reading, nothing runs
+    // over into the next month or year.
     for (const char* text : {"2/29/2026", "2/30/2026", "13/1/2000", "0/1/2026", "1/0/2026", "3/4/202", "3/4/20260",
                              "/4/2026", "3/4/2026/", "3//4", "2026-03", "123/4/2026", "  ", "99"})
         EXPECT_EQ(read(text), 0) << '"' << text << '"';

@@ -69,7 +69,7 @@ protected:
     std::vector<std::string> messages;
 };
 
-TEST_F(MainWindowQt, TheMainWindowComesUpMaximisedWithItsListOfNames)
+TEST_F(MainWindowQt, TheMainWindowComesUpMaximisedWithItsListOfNamesAndEveryMenuEntryInItsOrder)
 {
     // The demo station shows the list; the window fills the screen and the list follows its size.
     ASSERT_TRUE(std::filesystem::exists(DemoDir / "NAMES.TXT"));
@@ -89,12 +89,8 @@ TEST_F(MainWindowQt, TheMainWindowComesUpMaximisedWithItsListOfNames)
     EXPECT_EQ(main().scaleHeight(), window()->centralWidget()->height() * 15);
     EXPECT_EQ(main().List1.width(), main().scaleWidth() - 370);
     EXPECT_EQ(list->width(), (main().scaleWidth() - 370 + 7) / 15);
-}
 
-TEST_F(MainWindowQt, TheMenuBarHoldsEveryEntryInItsOrder)
-{
-    // The four menus and their entries, "-" for the separator.
-    main().Load();
+    // The menu bar holds the four menus and their entries in order, "-" for the separator.
     const std::vector<std::pair<QString, QStringList>> expected = {
         {"&File", {"Minimize", "E&xit"}},
         {"&Reports",
