@@ -218,7 +218,7 @@ TEST_F(SettingsFile, SevenLinesAreEnoughAndSixAreNot)
     EXPECT_EQ(other.LogPath, "");
 }
 
-TEST_F(SettingsFile, OutOfRangeValuesAreBroughtBack)
+TEST_F(SettingsFile, OutOfRangeValuesAreBroughtBackAndBlankDirectoriesAreTheProgramDirectory)
 {
     // The attachment mask keeps three bits and is never empty; the retest time stays in 0..30.
     const struct
@@ -232,6 +232,18 @@ TEST_F(SettingsFile, OutOfRangeValuesAreBroughtBack)
         EXPECT_EQ(app_->EmailAttachments, c.mask) << c.attachments;
         EXPECT_EQ(app_->SecondsToRetest, c.retest) << c.seconds;
     }
+
+    // Blank directories are the program directory, blanks counting as blank; a directory without
+    // its final separator is joined as it stands.
+    writeIniWith({{46, "   , Directory to read the Names.txt file"},
+                  {47, "/data/logs, Directory to read the Log.txt file"},
+                  {48, ", Directory to write the reports.txt files"}});
+    ReadIniFile(*app_);
+    EXPECT_EQ(app_->AppDir, appDir());
+    EXPECT_EQ(app_->NamesDir, appDir());
+    EXPECT_EQ(app_->NamesPathFull, appDir() + "NAMES.TXT");
+    EXPECT_EQ(app_->LogPath, "/data/logsLOG.TXT");
+    EXPECT_EQ(app_->ReportTxtPath, appDir() + "REPORT.TXT");
 }
 
 TEST_F(SettingsFile, TheSelectionTypeLineDecidesOverTheOldFlagsAndAnUnknownTypeIsTheCombinedOne)
@@ -280,20 +292,6 @@ TEST_F(SettingsFile, ACommaInAValueMakesEveryLaterSettingSlip)
     ReadIniFile(*app_);
     EXPECT_EQ(app_->CompanyName, "Acme, Inc.");
     EXPECT_EQ(app_->AdminPassword, "topsecret");
-}
-
-TEST_F(SettingsFile, BlankDirectoriesAreTheProgramDirectory)
-{
-    // Blanks count as blank; a directory without its final separator is joined as it stands.
-    writeIniWith({{46, "   , Directory to read the Names.txt file"},
-                  {47, "/data/logs, Directory to read the Log.txt file"},
-                  {48, ", Directory to write the reports.txt files"}});
-    ReadIniFile(*app_);
-    EXPECT_EQ(app_->AppDir, appDir());
-    EXPECT_EQ(app_->NamesDir, appDir());
-    EXPECT_EQ(app_->NamesPathFull, appDir() + "NAMES.TXT");
-    EXPECT_EQ(app_->LogPath, "/data/logsLOG.TXT");
-    EXPECT_EQ(app_->ReportTxtPath, appDir() + "REPORT.TXT");
 }
 
 TEST_F(SettingsFile, TheStockMessagesComeInTheStationsLanguage)

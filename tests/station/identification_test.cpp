@@ -29,7 +29,7 @@ TEST(TrimIdentification, TheLastCharactersTheSkippedOnesAndTheFirstOnes)
     EXPECT_EQ(TrimIdentification("AB", -3, 0), "AB");
 }
 
-TEST(CardData, BitsAreSkippedAndTakenAcrossTheHexadecimalDigits)
+TEST(CardData, EachReadersDataBecomesHexadecimalDigitsWhoseBitsAreSkippedAndTaken)
 {
     // 5A3 is 0101 1010 0011; skip 1 and use 8 gives 1011 0100.
     EXPECT_EQ(CardNumber("5A3", 1, 8), 180);
@@ -38,19 +38,15 @@ TEST(CardData, BitsAreSkippedAndTakenAcrossTheHexadecimalDigits)
     EXPECT_EQ(CardNumber("5A3", 6, 3), 0b100); // 10|10 0011: the low bits of A, then one of 3
     EXPECT_EQ(CardNumber("5A3", 0, 0), 0);
     EXPECT_EQ(CardNumber("5a3", 0, 12), 0x5A3);
-}
 
-TEST(CardData, CasiCharactersAreBitsFourToADigitWithTheLastGroupFilledWithZeros)
-{
+    // Casi characters are bits, four to a digit, the last group filled with zeros.
     const char one = static_cast<char>(0xF8), zero = 0x01;
     EXPECT_EQ(CasiBitsToHex({one, one, zero, one, one}), "D8");
     EXPECT_EQ(CasiBitsToHex({zero, zero, zero, zero, one, zero, one, zero}), "0A");
     EXPECT_EQ(CasiBitsToHex(std::string(1, static_cast<char>(0xF7))), "0"); // 247 is a 0
-}
 
-TEST(CardData, Rw400DataLosesItsLeadingZerosAndItsMarkerBit)
-{
-    // 02 12 34 is 0x021234; its highest bit, 0x20000, is the marker.
+    // RW400 data loses its leading zeros and its marker bit: 02 12 34 is 0x021234, whose highest
+    // bit, 0x20000, is the marker.
     EXPECT_EQ(Rw400ToHex(std::string("\0\0\x02\x12\x34", 5)), "1234");
     // The bytes are taken only while the number is below 0x800000.
     EXPECT_EQ(Rw400ToHex(std::string("\x81\x02\x03\x04\x05", 5)), "10203");
