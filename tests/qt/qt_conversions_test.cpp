@@ -44,7 +44,7 @@ TEST(QtKeys, QtKeysBecomeTheClassicCodes)
     EXPECT_TRUE(KeyAsciiText(0).isEmpty());
 }
 
-TEST(QtStyle, ColoursAreBgrUnlessTheyNameADesktopColourAndTheDefaultFaceIsTheDesktops)
+TEST(QtStyle, ColoursAreBgrTheDefaultFaceIsTheDesktopsAndPlacesArePixelsKeepingThePicturesShape)
 {
     // 255 is red; the top bit picks a palette role.
     const QPalette p = QApplication::palette();
@@ -69,26 +69,21 @@ TEST(QtStyle, ColoursAreBgrUnlessTheyNameADesktopColourAndTheDefaultFaceIsTheDes
     EXPECT_EQ(TwipsToPixels(7), 0);
     EXPECT_EQ(TwipsToPixels(8), 1);
     EXPECT_EQ(TwipsToPixels(-1500), -100);
-}
-
-TEST(QtPictures, APictureKeepsItsShapeInTheMiddleOfItsControl)
-{
-    // A wide picture in a square area fills its width; a tall one its height.
+    // A picture keeps its shape in the middle of its control: a wide picture in a square area
+    // fills its width, a tall one its height.
     EXPECT_EQ(FitKeepingAspect(QSizeF(20, 10), QRect(0, 0, 100, 100)), QRect(0, 25, 100, 50));
     EXPECT_EQ(FitKeepingAspect(QSizeF(10, 40), QRect(10, 10, 100, 100)), QRect(47, 10, 25, 100));
 }
 
-TEST(QtLocaleForms, TheLanguageFollowsTheLocale)
+TEST(QtLocaleForms, TheLanguageDatesAndTimesFollowTheLocaleWithFourDigitYearsOrUsForms)
 {
     // Only Mexico's Spanish and Canada's English have their own strings.
     EXPECT_EQ(QtLocale(QLocale("es_MX")).language(), Language::SpanishMexico);
     EXPECT_EQ(QtLocale(QLocale("en_CA")).language(), Language::EnglishCanada);
     EXPECT_EQ(QtLocale(QLocale("es_ES")).language(), Language::EnglishUS);
     EXPECT_EQ(QtLocale(QLocale::c()).language(), Language::EnglishUS);
-}
 
-TEST(QtLocaleForms, DatesAndTimesComeFromTheLocaleWithFourDigitYearsOrInUsFormsAndAreTypedSo)
-{
+    // Dates and times come from the locale with four-digit years, or in US forms.
     // 22 November 2026 was a Sunday; 22:01:02 is 10 PM.
     const DateTime t{2026, 11, 22, 22, 1, 2, 0};
     QtLocale us{QLocale("en_US")};

@@ -33,6 +33,18 @@ const EmployeeLimits FootOnly{.wristEnable = False};
 const EmployeeLimits Neither{.wristEnable = False, .footEnable = False};
 const EmployeeLimits WristMaxZero{.wristMax = 0};
 
+// A verdict in one line: code/bits, the channel codes, the readings, the three result labels, the
+// title and the remark on the other strap.
+std::string Outcome(const Verdict& v)
+{
+    const TestRecord& r = v.record;
+    char readings[64];
+    std::snprintf(readings, sizeof readings, " %g %g %g|", r.WristReading, r.LeftReading, r.RightReading);
+    return std::to_string(r.ResultCode) + "/" + std::to_string(r.ProblemBits) + " " + r.WristCode + "," + r.LeftCode +
+           "," + r.RightCode + readings + v.wristResult + "|" + v.leftResult + "|" + v.rightResult + "|" + v.title +
+           "|" + v.otherStrap.value_or("");
+}
+
 TEST(VerdictShape, TextsThatAreNotAWellFormedMessageAreCommunicationFailures)
 {
     // Seventy characters pass the length test but lack the final "M"; the others break one rule each.
@@ -73,26 +85,7 @@ TEST(VerdictShape, TextsThatAreNotAWellFormedMessageAreCommunicationFailures)
     }
 }
 
-TEST(VerdictShape, TheThreeDigitFormIsAThousandMegohmMeter)
-{
-    // A 1000-megohm tester: points one further right, the top of the range shown as "1000 Meg".
-    const std::string text = "W=003.5M=OK, L=012.0M=OK, R=999.9M=HI, 000.7M<W<010.0M, 000.7M<F<999.8M";
-    ASSERT_EQ(text.size(), 71u);
-    const Verdict v = Judge(text);
-    EXPECT_EQ(v.record.ComFailFlag, False);
-    EXPECT_EQ(v.record.Meter100MegFlag, False);
-    EXPECT_FLOAT_EQ(v.record.AutoFootMax, 999.8f);
-    EXPECT_EQ(v.footHi, "1000 Meg");
-    EXPECT_EQ(v.wristLo, " .7 Meg");
-    EXPECT_EQ(v.record.LeftCode, "Lok");
-    // 999.9 is the bound of this meter: over range, the reading becomes 1000.
-    EXPECT_EQ(v.record.RightCode, "Rhi");
-    EXPECT_FLOAT_EQ(v.record.RightReading, 1000.0f);
-    EXPECT_EQ(v.rightResult, "**HIGH** > 1000 Meg");
-    EXPECT_EQ(v.record.ResultCode, 7);
-}
-
-TEST(VerdictLimits, TheEmployeesPositiveLimitsReplaceTheTestersAndOnlyTheOthersAreShown)
+TEST(VerdictLimits, TheEmployeesPositiveLimitsReplaceTheTestersAndTheOthersAreShownInTheMetersForm)
 {
     // Limits above 0 override the DIP switches; 0 and -1 leave them and their labels show the tester's.
     EmployeeLimits e;
@@ -109,18 +102,20 @@ TEST(VerdictLimits, TheEmployeesPositiveLimitsReplaceTheTestersAndOnlyTheOthersA
     EXPECT_EQ(v.wristHi, " 10 Meg");
     EXPECT_EQ(v.footLo, " .75 Meg");
     EXPECT_FALSE(v.footHi.has_value());
-}
 
-// A verdict in one line: code/bits, the channel codes, the readings, the three result labels, the
-// title and the remark on the other strap.
-std::string Outcome(const Verdict& v)
-{
-    const TestRecord& r = v.record;
-    char readings[64];
-    std::snprintf(readings, sizeof readings, " %g %g %g|", r.WristReading, r.LeftReading, r.RightReading);
-    return std::to_string(r.ResultCode) + "/" + std::to_string(r.ProblemBits) + " " + r.WristCode + "," + r.LeftCode +
-           "," + r.RightCode + readings + v.wristResult + "|" + v.leftResult + "|" + v.rightResult + "|" + v.title +
-           "|" + v.otherStrap.value_or("");
+    // A 1000-megohm tester: points one further right, the top of the range shown as "1000 Meg";
+    // 999.9 is the bound of this meter, over which the reading becomes 1000.
+    const std::string text = "W=003.5M=OK, L=012.0M=OK, R=999.9M=HI, 000.7M<W<010.0M, 000.7M<F<999.8M";
+    ASSERT_EQ(text.size(), 71u);
+    const Verdict wide = Judge(text);
+    EXPECT_EQ(wide.record.ComFailFlag, False);
+    EXPECT_EQ(wide.record.Meter100MegFlag, False);
+    EXPECT_FLOAT_EQ(wide.record.AutoFootMax, 999.8f);
+    EXPECT_EQ(wide.footHi, "1000 Meg");
+    EXPECT_EQ(wide.wristLo, " .7 Meg");
+    EXPECT_EQ(Outcome(wide),
+              "7/32 Wok,Lok,Rhi 3.5 12 1000|  OK     = 3.5 Meg|  OK     = 12 Meg|**HIGH** > 1000 Meg|Right "
+              "foot high|");
 }
 
 TEST(VerdictChannels, EachChannelIsNotUsedLowWithinOrHighAndTheRemarkNeedsAllThreeBelowTheirHighLimits)
