@@ -52,7 +52,7 @@ const std::string UpToAttendance = "Doe, Jane,          77-12:9001, 000.75, 010.
 const std::string UpToStatus = "A, B, 1, 1, 1, 1, 1, -1, 0, S, ";
 const std::string FullFields = "Doe|Jane|77-12:9001|0.75|10.5|0.5|99.98|0|-1|V|1/5/2026|1/9/2026|2|12/31/2027|";
 
-TEST_F(NameLine, ALineEndsAtItsFirstFieldThatIsEmptyOrDoesNotFitAndLeavesTheDefaultsBehindIt)
+TEST_F(NameLine, ALineEndsAtItsFirstFieldThatIsEmptyOrDoesNotFitAndNoRowLiesBeyond5000)
 {
     // Each line is read into row 17, which a full line of other values held before: nothing of
     // that occupant may survive. A missing ID is the row number with a blank in front; the limits
@@ -116,10 +116,7 @@ TEST_F(NameLine, ALineEndsAtItsFirstFieldThatIsEmptyOrDoesNotFitAndLeavesTheDefa
         EXPECT_EQ(rowText(17), c.fields) << c.line;
         EXPECT_EQ(t.Attendance[17], c.attendance) << c.line;
     }
-}
-
-TEST_F(NameLine, TheTableEndsAfterRow5000)
-{
+    // Row 5000 is the last; a line after it fails.
     row = MaxEmployeeIndex - 1;
     EXPECT_EQ(readLine("Last, One"), NameLineResult::Row);
     EXPECT_EQ(readLine("Beyond, One"), NameLineResult::Failed);
