@@ -22,12 +22,14 @@ TEST(Dates, EveryDayOfTwoAndAHalfCenturiesFollowsTheDayBefore)
     const int monthDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     Date expected = DateSerial(1898, 1, 1);
     int wrong = 0;
-    for (int y = 1898; y <= 2158; ++y)
+    for (int y = 1898; y <= 2158; ++y) {
+        int dayOfYear = 0;
         for (int m = 1; m <= 12; ++m)
             for (int d = 1; d <= monthDays[m - 1] + (m == 2 && leap(y) ? 1 : 0); ++d, ++expected)
-                if (DateSerial(y, m, d) != expected ||
+                if (DateSerial(y, m, d) != expected || DayOfYear(expected) != ++dayOfYear ||
                     ymd(expected) != std::to_string(y) + "-" + std::to_string(m) + "-" + std::to_string(d))
                     ++wrong;
+    }
     EXPECT_EQ(wrong, 0);
     // Day 0 is 30 December 1899, so 1 March 1900 is day 61.
     EXPECT_EQ(DateSerial(1899, 12, 30), 0);
@@ -35,11 +37,8 @@ TEST(Dates, EveryDayOfTwoAndAHalfCenturiesFollowsTheDayBefore)
     EXPECT_EQ(TodayDate(DateTime{2026, 11, 22, 8, 0, 0, 0}), DateSerial(2026, 11, 22));
     EXPECT_EQ(DateSerial(2159, 1, 1), expected);
     EXPECT_EQ(DateSerial(2100, 2, 29), DateSerial(2100, 3, 1));
-}
-
-TEST(Dates, MonthsAndDaysOutsideTheirRangeRunOver)
-{
-    // The calendar's overflow rule, both ways.
+    EXPECT_EQ(DayOfYear(DateTime{2023, 12, 31}), 365);
+    // Months and days outside their range run over, both ways.
     EXPECT_EQ(ymd(DateSerial(2023, 13, 1)), "2024-1-1");
     EXPECT_EQ(ymd(DateSerial(2023, 25, 1)), "2025-1-1");
     EXPECT_EQ(ymd(DateSerial(2024, 0, 15)), "2023-12-15");
@@ -49,17 +48,7 @@ TEST(Dates, MonthsAndDaysOutsideTheirRangeRunOver)
     EXPECT_EQ(ymd(DateSerial(2024, 1, 366)), "2024-12-31");
 }
 
-TEST(Dates, DayOfYearCountsFromTheFirstOfJanuary)
-{
-    // A leap year has 366 days, and March starts a day later in it.
-    EXPECT_EQ(DayOfYear(DateSerial(2024, 1, 1)), 1);
-    EXPECT_EQ(DayOfYear(DateSerial(2024, 3, 1)), 61);
-    EXPECT_EQ(DayOfYear(DateSerial(2023, 3, 1)), 60);
-    EXPECT_EQ(DayOfYear(DateSerial(2024, 12, 31)), 366);
-    EXPECT_EQ(DayOfYear(DateTime{2023, 12, 31}), 365);
-}
-
-TEST(Dates, TextsReadAsMonthDayYearOrAsNoDate)
+TEST(Dates, TextsReadAsMonthDayYearOrAsNoDateWithACenturyThatSlidesWithThePresentYear)
 {
     // Any of "/", "-", "." or "\" with blanks around the parts, the day rounded; an impossible
     // date runs over instead of being rejected; when the slash wins the first reading, hyphens
@@ -73,6 +62,19 @@ TEST(Dates, TextsReadAsMonthDayYearOrAsNoDate)
         EXPECT_EQ(StringToDate(text, 2026), 0) << '"' << text << '"';
     EXPECT_FALSE(IsDateText("/4/99", 2026));
     EXPECT_TRUE(IsDateText("12/31/2027", 2026));
+
+    // The century slides with the present year: thirty years back and no further, four-digit
+    // years included.
+    EXPECT_EQ(ymd(StringToDate("1/2/1950", 2030)), "2050-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/2000", 2030)), "2000-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/99", 2030)), "2099-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/99", 2026)), "1999-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/95", 2026)), "2095-1-2");
+    EXPECT_EQ(ymd(StringToDate("1/2/00", 2026)), "2000-1-2");
+    EXPECT_EQ(ymd(FixDateCentury(DateSerial(1950, 6, 1), 2030)), "2050-6-1");
+    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 6, 1), 2030)), "2000-6-1");
+    // 2100 is no leap year.
+    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 2, 29), 2031)), "2100-2-28");
 }
 
 TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
@@ -103,21 +105,6 @@ TEST(Dates, TheWrittenFormReadsAsTheGeneralReadingDoes)
     EXPECT_EQ(StringToDate("12/31/1999", 2026), DateSerial(1999, 12, 31));
     // The year's numeric prefix is 1: 1901 by the century rule, and a hundred on by the slide.
     EXPECT_EQ(StringToDate("12/31/1:99", 2026), DateSerial(2001, 12, 31));
-}
-
-TEST(Dates, TheCenturySlidesWithThePresentYear)
-{
-    // Thirty years back from the present year and no further, four-digit years included.
-    EXPECT_EQ(ymd(StringToDate("1/2/1950", 2030)), "2050-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/2000", 2030)), "2000-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/99", 2030)), "2099-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/99", 2026)), "1999-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/95", 2026)), "2095-1-2");
-    EXPECT_EQ(ymd(StringToDate("1/2/00", 2026)), "2000-1-2");
-    EXPECT_EQ(ymd(FixDateCentury(DateSerial(1950, 6, 1), 2030)), "2050-6-1");
-    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 6, 1), 2030)), "2000-6-1");
-    // 2100 is no leap year.
-    EXPECT_EQ(ymd(FixDateCentury(DateSerial(2000, 2, 29), 2031)), "2100-2-28");
 }
 
 } // namespace

@@ -10,19 +10,14 @@
 namespace zandolt {
 namespace {
 
-TEST(Megohms, TheWholePartAndTheHundredthsAreRoundedApart)
+TEST(Megohms, TheWholePartAndTheHundredthsAreRoundedApartAndHugeValuesKeepEveryDigit)
 {
     EXPECT_EQ(FormatMegohms(1.23f), "01.23");
-    EXPECT_EQ(FormatMegohms(12.999f), "12.00"); // the carry of the hundredths is lost
-    EXPECT_EQ(FormatMegohms(0.004f), "00.00");  // above 0, not the branch of 0
-    EXPECT_EQ(FormatMegohms(0.0f), "0.00");
+    EXPECT_EQ(FormatMegohms(12.999f), "12.00");         // the carry of the hundredths is lost
+    EXPECT_EQ(FormatMegohms(0.004f), "00.00");          // above 0, not the branch of 0 (a log line's "0.00")
     EXPECT_EQ(FormatMegohms(123456.79f), "123456.79");  // 123456.7890625 in single precision
     EXPECT_EQ(FormatMegohms(8388607.5f), "8388607.50"); // the last values with a fraction
-}
-
-TEST(Megohms, HugeValuesKeepEveryWholeDigit)
-{
-    // 1e20 is 11368684 * 2^43 in single precision.
+    // Huge values keep every whole digit: 1e20 is 11368684 * 2^43 in single precision.
     EXPECT_EQ(FormatMegohms(1e20f), "100000002004087734272.00");
     EXPECT_EQ(FormatMegohmsWide(1e20f), "100000002004087734272.00");
     EXPECT_EQ(FormatMegohms(16777216.0f), "16777216.00");

@@ -40,7 +40,7 @@ TEST(NumericPrefix, AgreesWithValOnEveryShortText)
     EXPECT_EQ(texts, 111111);
 }
 
-TEST(NumericPrefix, AgreesWithValOnTheWrittenLimitForm)
+TEST(NumericPrefix, AgreesWithValOnTheWrittenLimitFormAndOnLongAndOddNumbers)
 {
     // Six characters with the point fourth, as limits are written, and every near miss of it.
     everyText("09/: -", 5, [](const std::string& t) {
@@ -52,10 +52,7 @@ TEST(NumericPrefix, AgreesWithValOnTheWrittenLimitForm)
     EXPECT_EQ(NumericPrefix("012.50"), 12.5);
     EXPECT_EQ(NumericPrefix("099.98"), 99.98);
     EXPECT_EQ(NumericPrefix("-1.00"), -1.0);
-}
 
-TEST(NumericPrefix, LongAndOddNumbersGoTheWholeWay)
-{
     // Fifteen digits are read exactly; sixteen and exponents are left to the general reading.
     for (const std::string t : {"123456789012345", "1234567890123456", "0.000000000000001", "99999999999999.9",
                                 "-12345678.9012345", "1.5E3", "2d2", "1 2.5", "  -0.75", "+3", "1.2.3", "-", "."})

@@ -18,6 +18,12 @@ TEST(TextEncoding, AFileIsUtf8OnlyWhenItIsValidUtf8Throughout)
     // cut short at the very end.
     EXPECT_EQ(EncodingOfFile(std::string(37, 'a') + "\xE9" + std::string(20, 'b')), Cp1252);
     EXPECT_EQ(EncodingOfFile(std::string(16, 'a') + "\xC3"), Cp1252);
+    for (const char* text : {"", "Jos\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80"})
+        EXPECT_EQ(EncodingOfFile(text), Utf8) << text;
+    // A Windows-1252 e acute, a lone continuation byte, overlong forms in two and three bytes, a
+    // surrogate, and a character past U+10FFFF.
+    for (const char* text : {"Jos\xE9", "\x80", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80"})
+        EXPECT_EQ(EncodingOfFile(text), Cp1252) << text;
 }
 
 TEST(TextEncoding, EveryWindows1252ByteSurvivesTheWayToUtf8AndBack)
@@ -28,11 +34,12 @@ TEST(TextEncoding, EveryWindows1252ByteSurvivesTheWayToUtf8AndBack)
     bool exact = false;
     EXPECT_EQ(ConvertText(ConvertText(all, Cp1252, Utf8), Utf8, Cp1252, &exact), all);
     EXPECT_TRUE(exact);
-    // 0x80 is the euro sign U+20AC, 0x9F is Y with diaeresis U+0178, 0xFC is u with diaeresis.
-    EXPECT_EQ(ConvertText("\x80\x9F\xFC", Cp1252, Utf8), "\xE2\x82\xAC\xC5\xB8\xC3\xBC");
+    // 0x80 is the euro sign U+20AC, 0x9F is Y with diaeresis U+0178, 0xFC is u with diaeresis; the
+    // five holes of the code page, such as 0x81, keep their control codes.
+    EXPECT_EQ(ConvertText("\x80\x9F\xFC\x81", Cp1252, Utf8), "\xE2\x82\xAC\xC5\xB8\xC3\xBC\xC2\x81");
 }
 
-TEST(TextEncoding, TypedTextTakesTheFilesEncodingAndWhatItLacksMatchesNothing)
+TEST(TextEncoding, TypedTextTakesTheFilesEncodingWhatItLacksMatchesNothingAndStoredTextHasNoCommas)
 {
     EXPECT_EQ(InEncoding("M\xC3\xBCller", Cp1252), "M\xFCller");
     EXPECT_EQ(InEncoding("M\xFCller", Cp1252), "M\xFCller"); // already the file's bytes
@@ -43,10 +50,7 @@ TEST(TextEncoding, TypedTextTakesTheFilesEncodingAndWhatItLacksMatchesNothing)
     // A status letter or certification type is one character, never half of one.
     EXPECT_EQ(FirstCharacter("\xC3\xBC\x62\x65r", Utf8), "\xC3\xBC");
     EXPECT_EQ(FirstCharacter("\xFC\x62\x65r", Cp1252), "\xFC");
-}
-
-TEST(StorableText, CommasAndLineEndsBecomeBlanksInTheFilesEncoding)
-{
+    // Text stored in a comma-separated file: commas and line ends become blanks.
     std::string text = "Smith,Jr\r\nM\xC3\xBCller";
     EXPECT_TRUE(MakeStorable(text, Cp1252));
     EXPECT_EQ(text, "Smith Jr  M\xFCller");

@@ -7,7 +7,7 @@
 namespace zandolt {
 namespace {
 
-TEST(TextJoin, AShortCopyWritesExactlyItsOwnBytes)
+TEST(TextJoin, AShortCopyWritesExactlyItsOwnBytesAndPartsOfAnyLengthFollowEachOther)
 {
     // Every length across the sizes of the moves (0-3, 4-7, 8-16, then the library's copy), into
     // the middle of a guarded buffer.
@@ -17,11 +17,9 @@ TEST(TextJoin, AShortCopyWritesExactlyItsOwnBytes)
         CopyText(buffer.data() + 8, source.data(), n);
         EXPECT_EQ(buffer, std::string(8, '#') + source.substr(0, n) + std::string(56 - n, '#')) << n;
     }
-}
 
-TEST(TextJoin, PartsOfAnyLengthFollowEachOther)
-{
-    // The string keeps its memory and takes the new length, longer or shorter.
+    // Joined parts of any length: the string keeps its memory and takes the new length, longer or
+    // shorter.
     std::string out = "a much longer text than the next one, kept from before";
     AssignJoined(out, std::string("Kowalski4711"), ", ", std::string_view("Anna"));
     EXPECT_EQ(out, "Kowalski4711, Anna");

@@ -6,17 +6,15 @@
 namespace zandolt {
 namespace {
 
-TEST(PortMapTest, TheMapNamesTheDeviceAndOtherPortsFollowTheSerialNaming)
+TEST(PortMapTest, TheMapNamesTheDeviceOtherPortsFollowTheSerialNamingAndSettingsTextsAreRead)
 {
     const std::string map = "# station ports\r\n1 /dev/ttyUSB0\r\n\r\n  2\t/dev/pts/7  \r\n";
     EXPECT_EQ(DeviceForPort(1, map), "/dev/ttyUSB0");
     EXPECT_EQ(DeviceForPort(2, map), "/dev/pts/7");
     EXPECT_EQ(DeviceForPort(3, map), "/dev/ttyS2");
     EXPECT_EQ(DeviceForPort(1, ""), "/dev/ttyS0");
-}
 
-TEST(PortMapTest, SettingsTextsOfTheTesterAndTheReaders)
-{
+    // The settings texts of the tester and the readers.
     PortSettings s;
     ASSERT_TRUE(ParsePortSettings("9600,N,7,1", s));
     EXPECT_EQ(s.baud, 9600);

@@ -27,7 +27,7 @@ protected:
     system::SystemPrograms programs{backend_->files};
 };
 
-TEST_F(SystemProgramsTest, AProgramIsLeftRunningInItsDirectoryAndOneThatCannotStartIsReported)
+TEST_F(SystemProgramsTest, AProgramIsLeftRunningInItsDirectoryAndOneThatCannotStartIsReportedOrSaidToBeMissing)
 {
     // The call returns while the program still runs.
     const auto before = std::chrono::steady_clock::now();
@@ -43,11 +43,9 @@ TEST_F(SystemProgramsTest, AProgramIsLeftRunningInItsDirectoryAndOneThatCannotSt
     EXPECT_FALSE(programs.start(path("plain.txt"), {}, dir_.path()));
     EXPECT_FALSE(programs.start("true", {}, path("missing")));
     EXPECT_FALSE(programs.run("true", path("missing")));
-}
 
-TEST_F(SystemProgramsTest, AnAlternativeViewerThatIsNotInstalledIsSaidToBeMissing)
-{
-    // A bare name is looked up where programs are installed; this one is nowhere.
+    // An alternative viewer given by a bare name is looked up where programs are installed; this
+    // one is nowhere, and the station says so.
     App app(Services{ui(), backend_->clock, backend_->serial, backend_->printer, backend_->files, programs,
                      backend_->locale, backend_->mail});
     app.AltViewerPath = "zandolt-viewer-not-installed";

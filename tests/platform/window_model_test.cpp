@@ -64,7 +64,7 @@ protected:
     SampleForm form{ui};
 };
 
-TEST_F(WindowModelTest, EscapeReachesTheCancelButtonUnlessAHandlerSwallowsTheKey)
+TEST_F(WindowModelTest, EscapeReachesTheCancelButtonUnlessAHandlerSwallowsTheKeyAndADisabledWindowIgnoresAll)
 {
     // Enter and the default button go through the Qt widgets in tests/qt.
     form.Load();
@@ -75,11 +75,6 @@ TEST_F(WindowModelTest, EscapeReachesTheCancelButtonUnlessAHandlerSwallowsTheKey
     EXPECT_EQ(form.Text1.userKey(keys::Return, keys::Return), 0);
     EXPECT_EQ(form.Text1.userKey(keys::Escape, keys::Escape), 0);
     EXPECT_TRUE(form.events.empty());
-}
-
-TEST_F(WindowModelTest, ADisabledWindowIgnoresTheUser)
-{
-    form.Load();
     form.setEnabled(false);
     form.OKBut.userClick();
     form.List1.userSelect(1);
@@ -88,7 +83,6 @@ TEST_F(WindowModelTest, ADisabledWindowIgnoresTheUser)
 
 TEST_F(WindowModelTest, UnloadGivesBackTheDesignValuesOfTheControlsAndTheForm)
 {
-    // Each opening of a window starts fresh.
     form.Show();
     form.Text1.setText("changed");
     form.List1.addItem("four");
@@ -114,10 +108,10 @@ TEST_F(WindowModelTest, UnloadGivesBackTheDesignValuesOfTheControlsAndTheForm)
     EXPECT_FALSE(form.keyPreview());
 }
 
-TEST_F(WindowModelTest, AWindowLoadedAnewWhileItsModalShowingWaitsIsShownModallyInItsTurn)
+TEST_F(WindowModelTest, AWindowLoadedAnewWhileItsModalShowingWaitsIsShownModallyInItsTurnAndUnscriptedOnesFail)
 {
     // From within the first showing: unload, load and show modally again. The new showing waits
-    // until its window closes; then the first ends too, and the window can be shown once more.
+    // until its window closes; then the first ends too.
     ui.onModal("SampleForm", [](Form& f) {
         f.Unload();
         f.Load();
@@ -128,9 +122,20 @@ TEST_F(WindowModelTest, AWindowLoadedAnewWhileItsModalShowingWaitsIsShownModally
     form.ShowModal();
     EXPECT_FALSE(form.modal());
     EXPECT_EQ(ui.journal(), (std::vector<std::string>{"modal SampleForm", "modal SampleForm"}));
-    ui.onModal("SampleForm", [](Form& f) { f.Unload(); });
-    form.ShowModal();
+
+    // Once more, with nothing that could close it (no script, no timer): that fails. A box that
+    // only tells needs no answer.
+    try {
+        form.ShowModal();
+        FAIL() << "ShowModal returned";
+    } catch (const headless::UnscriptedQuestion& e) {
+        EXPECT_NE(std::string(e.what()).find("SampleForm"), std::string::npos);
+    }
     EXPECT_EQ(ui.journal().size(), 3u);
+    EXPECT_EQ(ui.msgBox("Just so you know", msgbox::OKOnly, ""), msgbox::OK);
+    EXPECT_THROW(ui.msgBox("Really?", msgbox::YesNo, ""), headless::UnscriptedQuestion);
+    ui.answerMsgBox("Really", msgbox::No);
+    EXPECT_EQ(ui.msgBox("Really?", msgbox::YesNo, ""), msgbox::No);
 }
 
 TEST_F(WindowModelTest, ATimerTicksOnlyWhileItsWindowIsLoadedAndANewIntervalRestartsTheCount)
@@ -153,21 +158,6 @@ TEST_F(WindowModelTest, ATimerTicksOnlyWhileItsWindowIsLoadedAndANewIntervalRest
     EXPECT_TRUE(form.events.empty());
     ui.advance(10);
     EXPECT_EQ(form.events, (std::vector<std::string>{"Timer1_Timer"}));
-}
-
-TEST_F(WindowModelTest, ModalWindowsAndQuestionsWithoutAScriptFail)
-{
-    // Nothing could close the window: no script, no timer. A box that only tells needs no answer.
-    try {
-        form.ShowModal();
-        FAIL() << "ShowModal returned";
-    } catch (const headless::UnscriptedQuestion& e) {
-        EXPECT_NE(std::string(e.what()).find("SampleForm"), std::string::npos);
-    }
-    EXPECT_EQ(ui.msgBox("Just so you know", msgbox::OKOnly, ""), msgbox::OK);
-    EXPECT_THROW(ui.msgBox("Really?", msgbox::YesNo, ""), headless::UnscriptedQuestion);
-    ui.answerMsgBox("Really", msgbox::No);
-    EXPECT_EQ(ui.msgBox("Really?", msgbox::YesNo, ""), msgbox::No);
 }
 
 } // namespace

@@ -69,7 +69,7 @@ protected:
     std::vector<std::string> messages;
 };
 
-TEST_F(MainWindowQt, TheMainWindowComesUpMaximisedWithItsListOfNames)
+TEST_F(MainWindowQt, TheMainWindowComesUpMaximisedWithItsListOfNamesAndEveryMenuEntryInItsOrder)
 {
     // The demo station shows the list; the window fills the screen and the list follows its size.
     ASSERT_TRUE(std::filesystem::exists(DemoDir / "NAMES.TXT"));
@@ -84,16 +84,13 @@ TEST_F(MainWindowQt, TheMainWindowComesUpMaximisedWithItsListOfNames)
     EXPECT_EQ(list->count(), 20);
     EXPECT_EQ(list->item(0)->text().toStdString(), main().List1.list(0));
 
-    // The window's inner width reached the model, whose resize gave the list its width.
+    // The window's inner size reached the model, whose resize gave the list its width.
     ASSERT_TRUE(QTest::qWaitFor([&] { return main().scaleWidth() == window()->centralWidget()->width() * 15; }));
+    EXPECT_EQ(main().scaleHeight(), window()->centralWidget()->height() * 15);
     EXPECT_EQ(main().List1.width(), main().scaleWidth() - 370);
     EXPECT_EQ(list->width(), (main().scaleWidth() - 370 + 7) / 15);
-}
 
-TEST_F(MainWindowQt, TheMenuBarHoldsEveryEntryInItsOrder)
-{
-    // The four menus and their entries, "-" for the separator.
-    main().Load();
+    // The menu bar holds the four menus and their entries in order, "-" for the separator.
     const std::vector<std::pair<QString, QStringList>> expected = {
         {"&File", {"Minimize", "E&xit"}},
         {"&Reports",

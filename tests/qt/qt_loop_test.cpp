@@ -47,9 +47,8 @@ void AnswerNextMessageBox(QMessageBox::StandardButton button, int delayMs = 0)
     QTimer::singleShot(delayMs, poll, [poll] { poll->start(10); });
 }
 
-TEST_F(QtLoop, ATimersTicksReachTheFormWhileItIsEnabled)
+TEST_F(QtLoop, ATimersTicksReachTheFormWhileItIsEnabledAndNotInsideTheirOwnHandler)
 {
-    // Ticks come on the real loop once the timer is enabled, and stop when it is disabled.
     form.Load();
     QTest::qWait(60);
     EXPECT_FALSE(Contains(form.events, "Timer1_Timer"));
@@ -60,15 +59,11 @@ TEST_F(QtLoop, ATimersTicksReachTheFormWhileItIsEnabled)
     const auto ticks = std::count(form.events.begin(), form.events.end(), "Timer1_Timer");
     QTest::qWait(80);
     EXPECT_EQ(std::count(form.events.begin(), form.events.end(), "Timer1_Timer"), ticks);
-}
 
-TEST_F(QtLoop, ATimerIsNotEnteredAgainWhileItsHandlerWaits)
-{
     // A handler that lets events run for a while does not get its own timer's next ticks inside.
-    form.Load();
-    int depth = 0, deepest = 0, ticks = 0;
+    int depth = 0, deepest = 0, waits = 0;
     form.Timer1.Tick = [&] {
-        ++ticks;
+        ++waits;
         deepest = std::max(deepest, ++depth);
         QElapsedTimer t;
         t.start();
@@ -77,7 +72,7 @@ TEST_F(QtLoop, ATimerIsNotEnteredAgainWhileItsHandlerWaits)
         --depth;
     };
     form.Timer1.setEnabled(true);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks >= 2; }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return waits >= 2; }, 2000));
     EXPECT_EQ(deepest, 1);
 }
 
@@ -110,13 +105,6 @@ TEST_F(QtLoop, AModalFormBlocksTheOthersAndReturnsWhenHiddenOrUnloadedByItsOwnTi
     EXPECT_EQ(small.events, (std::vector<std::string>{"Timer1_Timer"}));
 }
 
-TEST_F(QtLoop, AMessageBoxGivesTheClassicAnswerOfTheButtonPressed)
-{
-    // Yes/No/Cancel answers 7 for No (each set's answers: the conversion tests).
-    AnswerNextMessageBox(QMessageBox::No);
-    EXPECT_EQ(ui.msgBox("Save?", msgbox::YesNoCancel | msgbox::Question, "Title"), msgbox::No);
-}
-
 TEST_F(QtLoop, AFormUnloadedWhileItsTimerHandlerWaitsInAMessageBoxSurvivesIt)
 {
     // The handler's widgets stay until the handler has returned, so nothing is used after its end.
@@ -127,8 +115,9 @@ TEST_F(QtLoop, AFormUnloadedWhileItsTimerHandlerWaitsInAMessageBoxSurvivesIt)
     auto body = std::make_shared<std::function<void()>>([&] {
         form.Timer1.setEnabled(false);
         QTimer::singleShot(20, [&] { form.Unload(); });
-        AnswerNextMessageBox(QMessageBox::Ok, 100);
-        ui.msgBox("Wait", msgbox::OKOnly, "");
+        // The box gives the classic answer of the button pressed (each set's answers: the conversion tests).
+        AnswerNextMessageBox(QMessageBox::No, 100);
+        EXPECT_EQ(ui.msgBox("Save?", msgbox::YesNoCancel | msgbox::Question, "Title"), msgbox::No);
         EXPECT_FALSE(form.loaded());
         after = true;
     });

@@ -13,8 +13,8 @@ AllKindsForm::AllKindsForm(Ui& ui)
       OptionC(*this, "OptionC"), OptionD(*this, "OptionD"), OKBut(*this, "OKBut"), CloseBut(*this, "CloseBut"),
       Scroll1(*this, "Scroll1"), Picture1(*this, "Picture1"), Timer1(*this, "Timer1"),
       mnuFile(*this, "mnuFile", "&File"), mnuOpen(*this, "mnuOpen", "&Open", &mnuFile),
-      mnuSep(*this, "mnuSep", "-", &mnuFile), mnuExit(*this, "mnuExit", "E&xit", &mnuFile),
-      mnuView(*this, "mnuView", "&View"), mnuWide(*this, "mnuWide", "&Wide", &mnuView)
+      mnuExit(*this, "mnuExit", "E&xit", &mnuFile), mnuView(*this, "mnuView", "&View"),
+      mnuWide(*this, "mnuWide", "&Wide", &mnuView)
 {
     finishConstruction();
 }
@@ -116,7 +116,6 @@ void AllKindsForm::design()
         if (upperKey && keyAscii == upperKey)
             keyAscii = keyAscii - 'a' + 'A';
     };
-    Label1.Click = [record] { record("Label1_Click"); };
     Scroll1.Change = [this] { events.push_back("Scroll1_Change " + std::to_string(Scroll1.value())); };
     Timer1.Tick = [record] { record("Timer1_Timer"); };
     mnuOpen.Click = [record] { record("mnuOpen_Click"); };

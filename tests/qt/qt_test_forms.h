@@ -33,7 +33,7 @@ public:
     ScrollBar Scroll1;
     Image Picture1;
     Timer Timer1;
-    MenuItem mnuFile, mnuOpen, mnuSep, mnuExit, mnuView, mnuWide;
+    MenuItem mnuFile, mnuOpen, mnuExit, mnuView, mnuWide;
 
     std::vector<std::string> events;
     int cancelClose = 0;

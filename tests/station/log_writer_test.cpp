@@ -1,5 +1,5 @@
-// The exact text of a log line: fixed columns, names and IDs that overflow them, the readings that
-// are logged as "-", and the line of a garbled message.
+// The exact text of a log line: fixed columns, names and IDs that overflow them, and the readings
+// that are logged as "-".
 #include "station/log_writer.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,6 @@ const DateTime kMorning{2001, 3, 15, 8, 1, 2};
 TestRecord Record(const char* w, const char* l, const char* r, float wr, float lr, float rr)
 {
     TestRecord t;
-    t.ComFailFlag = False;
     t.WristCode = w;
     t.LeftCode = l;
     t.RightCode = r;
@@ -20,20 +19,6 @@ TestRecord Record(const char* w, const char* l, const char* r, float wr, float l
     t.LeftReading = lr;
     t.RightReading = rr;
     return t;
-}
-
-TEST(LogLine, TheThreeKindsOfLineHaveTheirFixedColumns)
-{
-    // A pass, a failure beside a switched-out wrist, and a garbled message whose old codes are ignored.
-    EXPECT_EQ(FormatLogLine("Doe, Jane", "4711", kMorning, Record("Wok", "Lok", "Rok", 1.23f, 4.56f, 7.89f)),
-              "Doe, Jane           , 4711               , 03-15-2001, 08:01:02, Wok, Lok, Rok, 01.23, 04.56, 07.89");
-    EXPECT_EQ(
-        FormatLogLine("Doe, Jane", "4711", {2001, 3, 15, 8, 2, 10}, Record("W- ", "Lhi", "Rok", 120.0f, 100.0f, 7.89f)),
-        "Doe, Jane           , 4711               , 03-15-2001, 08:02:10, W- , Lhi, Rok, -, 100.00, 07.89");
-    TestRecord garbled = Record("Wlo", "Lok", "Rhi", 0.5f, 1, 100);
-    garbled.ComFailFlag = True;
-    EXPECT_EQ(FormatLogLine("Doe, Jane", "4711", {2001, 3, 15, 8, 3, 40}, garbled),
-              "Doe, Jane           , 4711               , 03-15-2001, 08:03:40, ComFail,  *,  *,  *,  *,  *,  *");
 }
 
 TEST(LogLine, ALongNameOrIdIsWrittenWholeAndShiftsWhatFollows)
@@ -56,6 +41,11 @@ TEST(LogLine, ALongNameOrIdIsWrittenWholeAndShiftsWhatFollows)
 
 TEST(LogLine, OnlyAnOverRangeReadingOfAChannelOutOfTheTestIsADash)
 {
+    // A whole line: single-digit parts of the date and time get their zero, afternoon hours stay
+    // above 12. (The lines of a pass and of a garbled message are pinned by the visit scenarios.)
+    EXPECT_EQ(
+        FormatLogLine("Doe, Jane", "4711", {2026, 1, 2, 17, 5, 9}, Record("W- ", "Lhi", "Rok", 120.0f, 100.0f, 7.89f)),
+        "Doe, Jane           , 4711               , 01-02-2026, 17:05:09, W- , Lhi, Rok, -, 100.00, 07.89");
     // 99.98 is still a number; above it a switched-out channel is "-", the last one with a blank.
     const auto tail = [](const TestRecord& r) { return FormatLogLine("A", "1", kMorning, r).substr(65); };
     EXPECT_EQ(tail(Record("W- ", "Lok", "Rok", 99.98f, 1, 2)), "W- , Lok, Rok, 99.98, 01.00, 02.00");
@@ -63,13 +53,6 @@ TEST(LogLine, OnlyAnOverRangeReadingOfAChannelOutOfTheTestIsADash)
     EXPECT_EQ(tail(Record("Wok", "L- ", "R- ", 0, 100, 100)), "Wok, L- , R- , 0.00, -, - ");
     // A judged channel over range is logged with its number.
     EXPECT_EQ(tail(Record("Whi", "Lok", "Rhi", 100, 12.5f, 1000)), "Whi, Lok, Rhi, 100.00, 12.50, 1000.00");
-}
-
-TEST(LogLine, TheDateAndTimeAreAlwaysPaddedOnTheTwentyFourHourClock)
-{
-    // Single-digit parts get their zero; afternoon hours stay above 12.
-    const std::string line = FormatLogLine("A", "1", {2026, 1, 2, 17, 5, 9}, Record("Wok", "Lok", "Rok", 1, 1, 1));
-    EXPECT_EQ(line.substr(43, 20), "01-02-2026, 17:05:09");
 }
 
 } // namespace

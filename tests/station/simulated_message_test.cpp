@@ -1,32 +1,11 @@
-// The message texts a tester sends, as built for the emulator and by the simulated tester, and
-// what the verdict makes of the simulated ones.
+// The messages of the simulated tester. (The message's form itself is pinned through the tester
+// emulator's commands, and what the verdict makes of a message by the verdict's tests.)
 #include "station/simulated_message.h"
-#include "station/tester_message.h"
 
 #include <gtest/gtest.h>
 
 namespace zandolt {
 namespace {
-
-TEST(TesterMessage, BothNumberFormsKeepTheirColumns)
-{
-    // Two digits before the point on a 100-megohm meter, three on a 1000-megohm one.
-    EXPECT_EQ(FormatTesterNumber(3.5f, false), "03.50");
-    EXPECT_EQ(FormatTesterNumber(0.75f, false), "00.75");
-    EXPECT_EQ(FormatTesterNumber(99.98f, false), "99.98");
-    EXPECT_EQ(FormatTesterNumber(3.5f, true), "003.5");
-    EXPECT_EQ(FormatTesterNumber(999.8f, true), "999.8");
-
-    TesterFields f;
-    f.wrist = 3.5f;
-    f.left = 12;
-    f.right = 11.2f;
-    EXPECT_EQ(FormatTesterMessage(f), "W=03.50M=OK, L=12.00M=OK, R=11.20M=OK, 00.75M<W<10.00M, 00.75M<F<99.98M");
-    f.threeDigitForm = true;
-    f.footHi = 999.8f;
-    f.wristState = "--";
-    EXPECT_EQ(FormatTesterMessage(f), "W=003.5M=--, L=012.0M=OK, R=011.2M=OK, 000.8M<W<010.0M, 000.8M<F<999.8M");
-}
 
 SimulatorInput Input(const char* w, const char* l, const char* r, RockerSwitch position)
 {
@@ -41,37 +20,24 @@ SimulatorInput Input(const char* w, const char* l, const char* r, RockerSwitch p
 TEST(SimulatedTester, TheDefaultsStandForDipSwitchesOfHalfToTenAndThreeQuartersToFifty)
 {
     // An employee on automatic limits (-1) gets the simulated switches, in the message as in force.
+    // The right foot's state goes by the employee's own FootMax, -1 here, so every reading is "HI"
+    // (which the verdict ignores); the middle position takes both channels out.
     const SimulatorMessage m = BuildSimulatorMessage(Input("5.67", "30.12", "40", RockerSwitch::Foot));
     EXPECT_EQ(m.text, "W=05.67M=--, L=30.12M=OK, R=40.00M=HI, 00.50M<W<10.00M, 00.75M<F<50.00M");
     EXPECT_FLOAT_EQ(m.wristMin, 0.5f);
     EXPECT_FLOAT_EQ(m.footMax, 50.0f);
-    // The right foot goes by the employee's own FootMax, -1 here: every reading is above it, and
-    // the verdict, which ignores the state, still passes the foot on its number.
-    EXPECT_EQ(JudgeTest({m.text, {}, 0, Language::EnglishUS}, TestRecord{}).record.RightCode, "Rok");
+    EXPECT_EQ(BuildSimulatorMessage(Input("0.2", "30", "60", RockerSwitch::Middle)).text,
+              "W=00.20M=--, L=30.00M=--, R=60.00M=--, 00.50M<W<10.00M, 00.75M<F<50.00M");
 }
 
-TEST(SimulatedTester, OverRangeReadingsAndTheComFailCheckGiveTheExpectedVerdicts)
+TEST(SimulatedTester, AnOverRangeReadingIsSentAsTheBoundAndTheComFailCheckGarblesTheMessage)
 {
-    // Wrist 120 turns into "99.99" and is judged over range; "X=" makes the message garbled.
     const SimulatorMessage high = BuildSimulatorMessage(Input("120", "1", "1", RockerSwitch::Wrist));
     EXPECT_EQ(high.wristText, "99.99");
     EXPECT_EQ(high.text.substr(0, 12), "W=99.99M=HI,");
-    EXPECT_EQ(JudgeTest({high.text, {}, 0, Language::EnglishUS}, TestRecord{}).record.ResultCode, 5);
-
     SimulatorInput garbled = Input("1", "1", "1", RockerSwitch::Middle);
     garbled.comFail = true;
-    const SimulatorMessage x = BuildSimulatorMessage(garbled);
-    EXPECT_EQ(x.text.substr(0, 2), "X=");
-    EXPECT_EQ(JudgeTest({x.text, {}, 0, Language::EnglishUS}, TestRecord{}).record.ResultCode, 16);
-}
-
-TEST(SimulatedTester, TheMiddlePositionReportsBothChannelsOutAndTheVerdictJudgesBoth)
-{
-    // Both fields "M=--"; an employee who wears neither strap is then judged on every channel.
-    const SimulatorMessage m = BuildSimulatorMessage(Input("0.2", "30", "60", RockerSwitch::Middle));
-    EXPECT_EQ(m.text, "W=00.20M=--, L=30.00M=--, R=60.00M=--, 00.50M<W<10.00M, 00.75M<F<50.00M");
-    const EmployeeLimits neither{.wristEnable = False, .footEnable = False};
-    EXPECT_EQ(JudgeTest({m.text, neither, 0, Language::EnglishUS}, TestRecord{}).record.ProblemBits, 1 + 32);
+    EXPECT_EQ(BuildSimulatorMessage(garbled).text.substr(0, 2), "X=");
 }
 
 TEST(SimulatedTester, TheEmployeesLimitsReplaceTheSwitchesAndTheRightFootUsesThemDirectly)

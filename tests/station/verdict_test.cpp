@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 namespace zandolt {
 namespace {
 
@@ -25,32 +27,22 @@ Verdict Judge(const std::string& text, EmployeeLimits employee = {}, int16 showO
     return JudgeTest({text, employee, showOther, language}, TestRecord{});
 }
 
+const EmployeeLimits Both{};
 const EmployeeLimits WristOnly{.footEnable = False};
 const EmployeeLimits FootOnly{.wristEnable = False};
 const EmployeeLimits Neither{.wristEnable = False, .footEnable = False};
+const EmployeeLimits WristMaxZero{.wristMax = 0};
 
-TEST(VerdictShape, TheSampleMessageIsSeventyOneCharactersAndPasses)
+// A verdict in one line: code/bits, the channel codes, the readings, the three result labels, the
+// title and the remark on the other strap.
+std::string Outcome(const Verdict& v)
 {
-    // The message every other case varies must itself be well formed and judged a pass.
-    ASSERT_EQ(kPass.size(), 71u);
-    ASSERT_EQ(Message("03.50", "OK", "12.00", "OK", "11.20", "OK"), kPass);
-    const Verdict v = Judge(kPass);
-    EXPECT_EQ(v.record.ComFailFlag, False);
-    EXPECT_EQ(v.record.Meter100MegFlag, True);
-    EXPECT_EQ(v.record.ResultCode, 0);
-    EXPECT_EQ(v.record.ProblemBits, 0);
-    EXPECT_FLOAT_EQ(v.record.WristReading, 3.5f);
-    EXPECT_FLOAT_EQ(v.record.LeftReading, 12.0f);
-    EXPECT_FLOAT_EQ(v.record.RightReading, 11.2f);
-    EXPECT_EQ(v.record.WristCode, "Wok");
-    EXPECT_EQ(v.record.LeftCode, "Lok");
-    EXPECT_EQ(v.record.RightCode, "Rok");
-    EXPECT_EQ(v.wristResult, "  OK     = 3.5 Meg");
-    EXPECT_EQ(v.leftResult, "  OK     = 12 Meg");
-    EXPECT_EQ(v.title, "OK");
-    EXPECT_EQ(v.message, "Readings OK thank you.  Please press the Enter key or click on Cancel.");
-    EXPECT_FALSE(v.problem);
-    EXPECT_FALSE(v.cartoon);
+    const TestRecord& r = v.record;
+    char readings[64];
+    std::snprintf(readings, sizeof readings, " %g %g %g|", r.WristReading, r.LeftReading, r.RightReading);
+    return std::to_string(r.ResultCode) + "/" + std::to_string(r.ProblemBits) + " " + r.WristCode + "," + r.LeftCode +
+           "," + r.RightCode + readings + v.wristResult + "|" + v.leftResult + "|" + v.rightResult + "|" + v.title +
+           "|" + v.otherStrap.value_or("");
 }
 
 TEST(VerdictShape, TextsThatAreNotAWellFormedMessageAreCommunicationFailures)
@@ -72,12 +64,18 @@ TEST(VerdictShape, TextsThatAreNotAWellFormedMessageAreCommunicationFailures)
         // Two digits before the point in one field and three in another: neither form holds.
         "W=03.50M=OK, L=012.0M=OK, R=11.20M=OK, 00.75M<W<10.00M, 00.75M<F<99.98M",
     };
+    // The log of a garbled message must not invent codes: the record keeps those of the test before.
+    TestRecord before;
+    before.WristCode = "Wlo";
+    before.LeftCode = "L- ";
+    before.RightCode = "Rhi";
     for (const std::string& text : cases) {
         SCOPED_TRACE(text);
-        const Verdict v = Judge(text);
+        const Verdict v = JudgeTest({text, {}, 0, Language::EnglishUS}, before);
         EXPECT_EQ(v.record.ComFailFlag, True);
         EXPECT_EQ(v.record.ResultCode, 16);
         EXPECT_EQ(v.record.ProblemBits, 128);
+        EXPECT_EQ(v.record.WristCode + v.record.LeftCode + v.record.RightCode, "WloL- Rhi");
         EXPECT_EQ(v.wristResult, "    -    ");
         EXPECT_EQ(v.rightResult, "    -    ");
         EXPECT_EQ(v.title, "Communications failure");
@@ -87,39 +85,7 @@ TEST(VerdictShape, TextsThatAreNotAWellFormedMessageAreCommunicationFailures)
     }
 }
 
-TEST(VerdictShape, ACommunicationFailureKeepsTheChannelCodesOfTheTestBefore)
-{
-    // The log of a garbled message must not invent codes; the record keeps the last ones.
-    TestRecord before;
-    before.WristCode = "Wlo";
-    before.LeftCode = "L- ";
-    before.RightCode = "Rhi";
-    const Verdict v = JudgeTest({kPass.substr(0, 70), {}, 0, Language::EnglishUS}, before);
-    EXPECT_EQ(v.record.WristCode, "Wlo");
-    EXPECT_EQ(v.record.LeftCode, "L- ");
-    EXPECT_EQ(v.record.RightCode, "Rhi");
-}
-
-TEST(VerdictShape, TheThreeDigitFormIsAThousandMegohmMeter)
-{
-    // A 1000-megohm tester: points one further right, the top of the range shown as "1000 Meg".
-    const std::string text = "W=003.5M=OK, L=012.0M=OK, R=999.9M=HI, 000.7M<W<010.0M, 000.7M<F<999.8M";
-    ASSERT_EQ(text.size(), 71u);
-    const Verdict v = Judge(text);
-    EXPECT_EQ(v.record.ComFailFlag, False);
-    EXPECT_EQ(v.record.Meter100MegFlag, False);
-    EXPECT_FLOAT_EQ(v.record.AutoFootMax, 999.8f);
-    EXPECT_EQ(v.footHi, "1000 Meg");
-    EXPECT_EQ(v.wristLo, " .7 Meg");
-    EXPECT_EQ(v.record.LeftCode, "Lok");
-    // 999.9 is the bound of this meter: over range, the reading becomes 1000.
-    EXPECT_EQ(v.record.RightCode, "Rhi");
-    EXPECT_FLOAT_EQ(v.record.RightReading, 1000.0f);
-    EXPECT_EQ(v.rightResult, "**HIGH** > 1000 Meg");
-    EXPECT_EQ(v.record.ResultCode, 7);
-}
-
-TEST(VerdictLimits, TheEmployeesPositiveLimitsReplaceTheTestersAndOnlyTheOthersAreShown)
+TEST(VerdictLimits, TheEmployeesPositiveLimitsReplaceTheTestersAndTheOthersAreShownInTheMetersForm)
 {
     // Limits above 0 override the DIP switches; 0 and -1 leave them and their labels show the tester's.
     EmployeeLimits e;
@@ -136,141 +102,99 @@ TEST(VerdictLimits, TheEmployeesPositiveLimitsReplaceTheTestersAndOnlyTheOthersA
     EXPECT_EQ(v.wristHi, " 10 Meg");
     EXPECT_EQ(v.footLo, " .75 Meg");
     EXPECT_FALSE(v.footHi.has_value());
+
+    // A 1000-megohm tester: points one further right, the top of the range shown as "1000 Meg";
+    // 999.9 is the bound of this meter, over which the reading becomes 1000.
+    const std::string text = "W=003.5M=OK, L=012.0M=OK, R=999.9M=HI, 000.7M<W<010.0M, 000.7M<F<999.8M";
+    ASSERT_EQ(text.size(), 71u);
+    const Verdict wide = Judge(text);
+    EXPECT_EQ(wide.record.ComFailFlag, False);
+    EXPECT_EQ(wide.record.Meter100MegFlag, False);
+    EXPECT_FLOAT_EQ(wide.record.AutoFootMax, 999.8f);
+    EXPECT_EQ(wide.footHi, "1000 Meg");
+    EXPECT_EQ(wide.wristLo, " .7 Meg");
+    EXPECT_EQ(Outcome(wide),
+              "7/32 Wok,Lok,Rhi 3.5 12 1000|  OK     = 3.5 Meg|  OK     = 12 Meg|**HIGH** > 1000 Meg|Right "
+              "foot high|");
 }
 
-TEST(VerdictLimits, TheTopOfATwoDigitRangeIsAHundredMegohmsAndAReadingThereIsWithinIt)
+TEST(VerdictChannels, EachChannelIsNotUsedLowWithinOrHighAndTheRemarkNeedsAllThreeBelowTheirHighLimits)
 {
-    // WristMax 0 on a 100-megohm tester sending 99.98: the limit is 99.98, the label "100 Meg".
-    EmployeeLimits e;
-    e.wristMax = 0;
-    const Verdict v = Judge(Message("99.98", "HI", "12.00", "OK", "11.20", "OK", "99.98"), e);
-    EXPECT_FLOAT_EQ(v.record.AutoWristMax, 99.98f);
-    EXPECT_EQ(v.wristHi, "100 Meg");
-    EXPECT_EQ(v.record.WristCode, "Wok");
-    EXPECT_EQ(v.wristResult, "  OK     = 99.98 Meg");
-    EXPECT_EQ(v.record.ResultCode, 0);
-}
-
-TEST(VerdictChannels, ReadingsOnTheLimitsAreWithinThemButTheHighOneLosesTheRemark)
-{
-    // Equal to the low limit and equal to the high limit both pass; only the remark is stricter.
-    const Verdict atLow = Judge(Message("00.75", "OK", "12.00", "OK", "11.20", "OK"), {}, -1);
-    EXPECT_EQ(atLow.record.ResultCode, 0);
-    EXPECT_EQ(atLow.record.WristCode, "Wok");
-    EXPECT_EQ(atLow.otherStrap, "Foot Straps are good also.");
-
-    const Verdict atHigh = Judge(Message("10.00", "OK", "12.00", "OK", "11.20", "OK"), {}, -1);
-    EXPECT_EQ(atHigh.record.ResultCode, 0);
-    EXPECT_EQ(atHigh.record.WristCode, "Wok");
-    EXPECT_FALSE(atHigh.otherStrap.has_value());
-}
-
-TEST(VerdictChannels, TheRemarkNamesTheWristOnlyForAFootOnlyEmployeeAndNeedsTheSetting)
-{
-    // A foot-only employee hears about the wrist; the setting off means no remark at all.
-    EXPECT_EQ(Judge(kPass, FootOnly, -1).otherStrap, "Wrist Strap is good also.");
-    EXPECT_EQ(Judge(kPass, WristOnly, -1).otherStrap, "Foot Straps are good also.");
-    EXPECT_FALSE(Judge(kPass, FootOnly, 0).otherStrap.has_value());
-}
-
-TEST(VerdictChannels, EachChannelFailsLowOrHighWithItsOwnCodeAndWords)
-{
-    // One failing channel at a time: its code, bit, title and label (the answer byte and pulse of
-    // each outcome are checked on the line by the visit scenarios).
-    struct Case
+    // Judged wrist, left, right: the last failure gives the code, the bits add up, an over-range
+    // reading becomes 100 unless it is a wrist that is not used. A channel is not used when its
+    // strap is not required and the other is, or, when neither is, by the switch (a "--" field);
+    // with both required or the switch in the middle every channel is judged. A reading is judged
+    // by its number alone, whatever word the tester put beside it. The remark, asked for in every
+    // row but the last, wants each reading at or above its low limit and below its high one. The
+    // first row is the sample message that the other tests vary.
+    ASSERT_EQ(kPass.size(), 71u);
+    ASSERT_EQ(Message("03.50", "OK", "12.00", "OK", "11.20", "OK"), kPass);
+    const std::string ok = "  OK     = 12 Meg|  OK     = 11.2 Meg|";
+    const struct
     {
         std::string text;
-        int code, bits;
-        std::string title, label;
+        EmployeeLimits employee;
+        std::string outcome;
+        int16 showOther = -1;
+    } cases[] = {
+        {kPass, Both, "0/0 Wok,Lok,Rok 3.5 12 11.2|  OK     = 3.5 Meg|" + ok + "OK|Foot Straps are good also."},
+        {Message("00.75", "OK", "12.00", "OK", "11.20", "OK"), Both,
+         "0/0 Wok,Lok,Rok 0.75 12 11.2|  OK     = .75 Meg|" + ok + "OK|Foot Straps are good also."},
+        {Message("10.00", "OK", "12.00", "OK", "11.20", "OK"), Both,
+         "0/0 Wok,Lok,Rok 10 12 11.2|  OK     = 10 Meg|" + ok + "OK|"},
+        // WristMax 0 leaves the tester's top of the range, 99.98, in force; a reading there is within it.
+        {Message("99.98", "HI", "12.00", "OK", "11.20", "OK", "99.98"), WristMaxZero,
+         "0/0 Wok,Lok,Rok 99.98 12 11.2|  OK     = 99.98 Meg|" + ok + "OK|"},
+        {Message("00.50", "LO", "12.00", "OK", "11.20", "OK"), Both,
+         "1/1 Wlo,Lok,Rok 0.5 12 11.2|**LOW** = .5 Meg|" + ok + "Wrist Low|"},
+        {Message("12.50", "HI", "12.00", "OK", "11.20", "OK"), Both,
+         "5/8 Whi,Lok,Rok 12.5 12 11.2|**HIGH** = 12.5 Meg|" + ok + "Wrist high|"},
+        {Message("03.50", "OK", "00.10", "LO", "11.20", "HI"), Both,
+         "2/2 Wok,Llo,Rok 3.5 0.1 11.2|  OK     = 3.5 Meg|**LOW** = .1 Meg|  OK     = 11.2 Meg|Left Foot Low|"},
+        {Message("03.50", "OK", "99.99", "HI", "11.20", "OK"), Both,
+         "6/16 Wok,Lhi,Rok 3.5 100 11.2|  OK     = 3.5 Meg|**HIGH** > 100 Meg|  OK     = 11.2 Meg|Left foot high|"},
+        {Message("03.50", "OK", "12.00", "OK", "00.00", "LO"), Both,
+         "3/4 Wok,Lok,Rlo 3.5 12 0|  OK     = 3.5 Meg|  OK     = 12 Meg|**LOW** = 0 Meg|Right Foot Low|"},
+        {Message("03.50", "OK", "12.00", "OK", "99.99", "HI"), Both,
+         "7/32 Wok,Lok,Rhi 3.5 12 100|  OK     = 3.5 Meg|  OK     = 12 Meg|**HIGH** > 100 Meg|Right foot high|"},
+        {Message("00.50", "LO", "12.00", "OK", "99.99", "HI"), Both,
+         "7/33 Wlo,Lok,Rhi 0.5 12 100|**LOW** = .5 Meg|  OK     = 12 Meg|**HIGH** > 100 Meg|Multiple problems|"},
+        {kPass, FootOnly, "0/0 W- ,Lok,Rok 3.5 12 11.2|not used = 3.5 Meg|" + ok + "OK|Wrist Strap is good also."},
+        {kPass, WristOnly,
+         "0/0 Wok,L- ,R-  3.5 12 11.2|  OK     = 3.5 Meg|not used = 12 Meg|not used = 11.2 Meg|OK|Foot Straps are "
+         "good also."},
+        {Message("03.50", "OK", "99.99", "HI", "05.00", "--"), WristOnly,
+         "0/0 Wok,L- ,R-  3.5 100 5|  OK     = 3.5 Meg|not used > 100 Meg|not used = 5 Meg|OK|"},
+        {Message("99.99", "--", "12.00", "OK", "11.20", "OK"), FootOnly,
+         "0/0 W- ,Lok,Rok 99.99 12 11.2|not used > 100 Meg|" + ok + "OK|"},
+        {Message("03.50", "OK", "99.99", "--", "99.99", "--"), Neither,
+         "0/0 Wok,L- ,R-  3.5 100 100|  OK     = 3.5 Meg|not used > 100 Meg|not used > 100 Meg|OK|"},
+        {Message("99.99", "--", "12.00", "OK", "11.20", "OK"), Neither,
+         "0/0 W- ,Lok,Rok 99.99 12 11.2|not used > 100 Meg|" + ok + "OK|"},
+        {Message("99.99", "--", "12.00", "--", "11.20", "--"), Neither,
+         "5/8 Whi,Lok,Rok 100 12 11.2|**HIGH** > 100 Meg|" + ok + "Wrist high|"},
+        {Message("99.99", "--", "12.00", "OK", "11.20", "OK"), Both,
+         "5/8 Whi,Lok,Rok 100 12 11.2|**HIGH** > 100 Meg|" + ok + "Wrist high|"},
+        {kPass, FootOnly, "0/0 W- ,Lok,Rok 3.5 12 11.2|not used = 3.5 Meg|" + ok + "OK|", 0},
     };
-    const Case cases[] = {
-        {Message("00.50", "LO", "12.00", "OK", "11.20", "OK"), 1, 1, "Wrist Low", "**LOW** = .5 Meg"},
-        {Message("12.50", "HI", "12.00", "OK", "11.20", "OK"), 5, 8, "Wrist high", "**HIGH** = 12.5 Meg"},
-        {Message("03.50", "OK", "00.10", "LO", "11.20", "OK"), 2, 2, "Left Foot Low", "**LOW** = .1 Meg"},
-        {Message("03.50", "OK", "99.99", "HI", "11.20", "OK"), 6, 16, "Left foot high", "**HIGH** > 100 Meg"},
-        {Message("03.50", "OK", "12.00", "OK", "00.00", "LO"), 3, 4, "Right Foot Low", "**LOW** = 0 Meg"},
-        {Message("03.50", "OK", "12.00", "OK", "99.99", "HI"), 7, 32, "Right foot high", "**HIGH** > 100 Meg"},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
-        const Verdict v = Judge(c.text);
-        EXPECT_EQ(v.record.ResultCode, c.code);
-        EXPECT_EQ(v.record.ProblemBits, c.bits);
-        EXPECT_EQ(v.title, c.title);
-        EXPECT_TRUE(v.problem);
-        EXPECT_TRUE(v.cartoon);
-        const std::string& label = c.code == 1 || c.code == 5   ? v.wristResult
-                                   : c.code == 2 || c.code == 6 ? v.leftResult
-                                                                : v.rightResult;
-        EXPECT_EQ(label, c.label);
+        const Verdict v = Judge(c.text, c.employee, c.showOther);
+        EXPECT_EQ(Outcome(v), c.outcome);
+        EXPECT_EQ(v.problem, v.record.ResultCode != 0);
+        EXPECT_EQ(v.cartoon, v.record.ResultCode != 0);
     }
-}
-
-TEST(VerdictChannels, SeveralProblemsAreListedInChannelOrderAndTheLastDecidesTheCode)
-{
-    // Wrist low and right foot high: code 7, bits 33, a message that opens with a blank.
-    const Verdict v = Judge(Message("00.50", "LO", "12.00", "OK", "99.99", "HI"));
-    EXPECT_EQ(v.record.ResultCode, 7);
-    EXPECT_EQ(v.record.ProblemBits, 33);
-    EXPECT_EQ(v.title, "Multiple problems");
-    EXPECT_EQ(v.message, " Wrist is Low. Right foot is high.");
-    EXPECT_FLOAT_EQ(v.record.RightReading, 100.0f);
-    // The right foot's problem decides the answer to the tester.
-    EXPECT_EQ(ReturnSignalFor(v.record).byte, 0xC0);
-
+    const Verdict top = Judge(Message("99.98", "HI", "12.00", "OK", "11.20", "OK", "99.98"), WristMaxZero);
+    EXPECT_FLOAT_EQ(top.record.AutoWristMax, 99.98f);
+    EXPECT_EQ(top.wristHi, "100 Meg");
+    // Several problems are told in channel order, the message opening with a blank.
+    EXPECT_EQ(Judge(Message("00.50", "LO", "12.00", "OK", "99.99", "HI")).message,
+              " Wrist is Low. Right foot is high.");
     const Verdict spanish = Judge(Message("00.50", "LO", "00.10", "LO", "99.99", "HI"), {}, 0, Language::SpanishMexico);
     EXPECT_EQ(spanish.record.ProblemBits, 1 + 2 + 32);
     EXPECT_EQ(spanish.title, "Resultados");
     EXPECT_EQ(spanish.message, " Munequera con baja resistencia. Talonera izquierda con baja resistencia. Talonera "
                                "derecha con alta resistencia.");
-}
-
-TEST(VerdictNotUsed, AStrapTheEmployeeDoesNotWearIsReportedButNeverFails)
-{
-    // Wrist-only employee: both feet out of the test, an over-range foot becomes 100 and logs "-".
-    const Verdict wristOnly = Judge(Message("03.50", "OK", "99.99", "HI", "05.00", "--"), WristOnly);
-    EXPECT_EQ(wristOnly.record.ResultCode, 0);
-    EXPECT_EQ(wristOnly.record.LeftCode, "L- ");
-    EXPECT_EQ(wristOnly.record.RightCode, "R- ");
-    EXPECT_EQ(wristOnly.leftResult, "not used > 100 Meg");
-    EXPECT_FLOAT_EQ(wristOnly.record.LeftReading, 100.0f);
-    EXPECT_EQ(wristOnly.rightResult, "not used = 5 Meg");
-
-    // Foot-only employee: an over-range wrist keeps the reading it was sent.
-    const Verdict footOnly = Judge(Message("99.99", "--", "12.00", "OK", "11.20", "OK"), FootOnly);
-    EXPECT_EQ(footOnly.record.ResultCode, 0);
-    EXPECT_EQ(footOnly.record.WristCode, "W- ");
-    EXPECT_EQ(footOnly.wristResult, "not used > 100 Meg");
-    EXPECT_FLOAT_EQ(footOnly.record.WristReading, 99.99f);
-}
-
-TEST(VerdictNotUsed, WithNeitherStrapRequiredTheRockerSwitchDecides)
-{
-    // Wrist position: feet out. Foot position: wrist out. Middle: both judged by their numbers.
-    const Verdict wristPos = Judge(Message("03.50", "OK", "99.99", "--", "99.99", "--"), Neither);
-    EXPECT_EQ(wristPos.record.ResultCode, 0);
-    EXPECT_EQ(wristPos.record.LeftCode, "L- ");
-    EXPECT_EQ(wristPos.record.RightCode, "R- ");
-
-    const Verdict footPos = Judge(Message("99.99", "--", "12.00", "OK", "11.20", "OK"), Neither);
-    EXPECT_EQ(footPos.record.ResultCode, 0);
-    EXPECT_EQ(footPos.record.WristCode, "W- ");
-
-    const Verdict middle = Judge(Message("99.99", "--", "12.00", "--", "11.20", "--"), Neither);
-    EXPECT_EQ(middle.record.WristCode, "Whi");
-    EXPECT_EQ(middle.record.LeftCode, "Lok");
-    EXPECT_EQ(middle.record.ResultCode, 5);
-}
-
-TEST(VerdictNotUsed, AnEmployeeWhoWearsBothIsJudgedOnBothWhateverTheSwitch)
-{
-    // Both required, switch in the foot position: the wrist field says "--" and fails high all the same.
-    const Verdict v = Judge(Message("99.99", "--", "12.00", "OK", "11.20", "OK"));
-    EXPECT_EQ(v.record.WristTestedFlag, False);
-    EXPECT_EQ(v.record.WristCode, "Whi");
-    EXPECT_EQ(v.record.ResultCode, 5);
-    EXPECT_EQ(v.record.ProblemBits, 8);
-    EXPECT_EQ(v.wristResult, "**HIGH** > 100 Meg");
 }
 
 TEST(VerdictTexts, ReservedAndUnknownCodesHaveTheirOwnWords)
