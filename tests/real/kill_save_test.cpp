@@ -2,26 +2,20 @@
 // the file is afterwards the old one or the new one, byte for byte, a killed save leaves no more
 // than its own temporary files, and the next save that runs to its end succeeds and leaves no
 // stray file at all.
+#include "child_process.h"
 #include "support/station_fixture.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
 #include <random>
 #include <set>
-#include <spawn.h>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
-
-extern char** environ;
 
 namespace zandolt::testing {
 namespace {
@@ -57,11 +51,6 @@ const SaveCase Cases[] = {
      30000},
 };
 
-void PrintTo(const SaveCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
 constexpr int Kills = 100;
 
 // Employees Worker0000 and on, each tested in turn on the 19th and the 20th of November 2026.
@@ -89,55 +78,6 @@ void makeSite(const std::string& dir, int employees, int linesPerDay)
             log += line;
         }
     WriteTextFile(dir + "/LOG.TXT", log);
-}
-
-// A save worker whose standard output comes through a pipe.
-struct Worker
-{
-    pid_t pid = -1;
-    int out = -1;
-};
-
-Worker startWorker(const std::string& dir, const std::vector<std::string>& arguments)
-{
-    std::vector<std::string> args = {ZANDOLT_SAVE_WORKER, dir};
-    args.insert(args.end(), arguments.begin(), arguments.end());
-    std::vector<char*> argv;
-    for (std::string& a : args)
-        argv.push_back(a.data());
-    argv.push_back(nullptr);
-    int fds[2];
-    if (::pipe2(fds, O_CLOEXEC) != 0)
-        return {};
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, fds[1], 1);
-    Worker w;
-    if (posix_spawn(&w.pid, argv[0], &actions, nullptr, argv.data(), environ) != 0)
-        w.pid = -1;
-    posix_spawn_file_actions_destroy(&actions);
-    ::close(fds[1]);
-    w.out = fds[0];
-    return w;
-}
-
-// Waits for the worker's "saving"; false when it ended without saying so.
-bool waitUntilSaving(const Worker& w)
-{
-    std::string said;
-    char c;
-    while (::read(w.out, &c, 1) == 1 && c != '\n')
-        said += c;
-    return said == "saving";
-}
-
-// The wait status of the worker, once it has ended.
-int reap(Worker& w)
-{
-    int status = 0;
-    ::waitpid(w.pid, &status, 0);
-    ::close(w.out);
-    return status;
 }
 
 std::set<std::string> entries(const std::string& dir)
@@ -179,17 +119,23 @@ protected:
         return extra;
     }
 
+    // The save worker's command line; it says "saving" the moment it begins to replace a file.
+    std::vector<std::string> worker(const std::vector<std::string>& arguments) const
+    {
+        std::vector<std::string> args = {ZANDOLT_SAVE_WORKER, dir.path()};
+        args.insert(args.end(), arguments.begin(), arguments.end());
+        return args;
+    }
+
     // One save to its end; its files afterwards. It must succeed and leave nothing behind.
     std::vector<std::string> saveToEnd(const std::vector<std::string>& arguments, double* seconds = nullptr)
     {
-        Worker w = startWorker(dir.path(), arguments);
-        EXPECT_GT(w.pid, 0);
-        EXPECT_TRUE(waitUntilSaving(w));
+        ChildProcess save(worker(arguments));
+        EXPECT_EQ(save.readLine(-1), "saving");
         const auto start = std::chrono::steady_clock::now();
-        const int status = reap(w);
+        EXPECT_EQ(save.wait(), 0) << "a save that ran to its end failed";
         if (seconds)
             *seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "a save that ran to its end failed";
         EXPECT_EQ(strays(), std::vector<std::string>{});
         return contents();
     }
@@ -221,19 +167,18 @@ TEST_P(KillSave, AKilledSaveLeavesTheOldFileOrTheNewOneAndTheNextSaveCleansUp)
         // Each save turns the first file into the other version, so that every kill interrupts a
         // real change.
         const bool toFirst = ReadTextFile(at(c.files[0])) == second[0];
-        Worker w = startWorker(dir.path(), toFirst ? c.first : c.second);
-        ASSERT_GT(w.pid, 0);
-        ASSERT_TRUE(waitUntilSaving(w));
+        ChildProcess save(worker(toFirst ? c.first : c.second));
+        ASSERT_EQ(save.readLine(-1), "saving");
         std::this_thread::sleep_for(std::chrono::microseconds(std::uniform_int_distribution<long>(0, spanUs)(random)));
-        ::kill(w.pid, SIGKILL);
-        const int status = reap(w);
+        save.signal(SIGKILL);
+        const int code = save.wait();
         const std::vector<std::string> now = contents();
         for (size_t f = 0; f < c.files.size(); ++f)
             ASSERT_TRUE(now[f] == first[f] || now[f] == second[f])
                 << c.files[f] << " is neither the old nor the new file after run " << runs << " (" << now[f].size()
                 << " bytes)";
-        if (WIFEXITED(status)) {
-            EXPECT_EQ(WEXITSTATUS(status), 0);
+        if (code != -1) { // it ended before the kill
+            EXPECT_EQ(code, 0);
             EXPECT_EQ(now, toFirst ? first : second);
             spanUs = std::max(100L, spanUs * 3 / 4);
             continue;

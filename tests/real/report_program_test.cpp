@@ -1,13 +1,13 @@
 // The built zandolt-report on a small hand-made site, under the C locale: the files it writes and
 // the paths it prints, the station's messages on standard error, and its exit codes.
+#include "child_process.h"
+#include "data/text_lines.h"
 #include "support/station_fixture.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
-#include <sys/wait.h>
 
 namespace zandolt::testing {
 namespace {
@@ -41,18 +41,18 @@ protected:
 
     std::string path(const std::string& name) const { return dir_.path() + "/" + name; }
 
-    // Runs the program from another directory under LC_ALL=C; returns its exit code.
-    int run(const std::string& arguments)
+    // Runs the program from another directory; its exit code.
+    int run(std::vector<std::string> args)
     {
-        const std::string command = "cd / && LC_ALL=C '" ZANDOLT_REPORT_PROGRAM "' " + arguments + " --dir '" +
-                                    dir_.path() + "' >'" + out_.path() + "/out' 2>'" + out_.path() + "/err'";
-        const int status = std::system(command.c_str());
-        out = ReadTextFile(out_.path() + "/out");
-        err = ReadTextFile(out_.path() + "/err");
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        args.insert(args.begin(), ZANDOLT_REPORT_PROGRAM);
+        args.insert(args.end(), {"--dir", dir_.path()});
+        ProgramRun r = RunProgram(args);
+        out = r.out;
+        err = r.err;
+        return r.code;
     }
 
-    TempDir dir_, out_;
+    TempDir dir_;
     std::string out, err;
 };
 
@@ -60,7 +60,7 @@ TEST_F(ReportProgram, AnExceptionReportOfTheDayWithTheLocalesDatesAndItsPaths)
 {
     // The rows are the generator's (tests/reports); here the C locale's long and short dates, the
     // time span, --now, and the paths. Jane has no test today, Ed's wrist tested high.
-    ASSERT_EQ(run("exception --now 2026-11-20T08:30:00 --from 7:00:00 --to 15:30:00"), 0) << err;
+    ASSERT_EQ(run({"exception", "--now", "2026-11-20T08:30:00", "--from", "7:00:00", "--to", "15:30:00"}), 0) << err;
     EXPECT_EQ(out, path("EXCEPT.TXT") + "\n" + path("EXCEPT.CSV") + "\n");
     EXPECT_EQ(err, "");
     const std::string text = ReadTextFile(path("EXCEPT.TXT"));
@@ -80,40 +80,34 @@ TEST_F(ReportProgram, TheAttendanceTableTakesItsYearFromTheCommandLine)
 {
     // Rick tested on 19 and 20 November 2026: the CSV's November line (its twelfth, behind the
     // first name) marks those two days "*" for the present year and nothing for 2025.
-    auto november = [&] {
-        const std::string csv = ReadTextFile(path("ATTEND.CSV"));
-        EXPECT_EQ(csv.substr(0, 6), "Rick\r\n");
-        size_t at = 0;
-        for (int line = 0; line < 11 && at != std::string::npos; ++line)
-            at = csv.find("\r\n", at) + 2;
-        return csv.substr(at, csv.find("\r\n", at) - at);
-    };
-    std::string marked;
-    for (int day = 1; day <= 30; ++day)
+    const auto csv = [&] { return SplitTextLines(ReadTextFile(path("ATTEND.CSV"))); };
+    std::string marked, unmarked;
+    for (int day = 1; day <= 30; ++day) {
         marked += day == 19 || day == 20 ? "* ," : "A ,";
-    ASSERT_EQ(run("attendance --employee 'roe, RICK' --now 2026-11-20T08:30:00"), 0) << err;
-    EXPECT_EQ(november(), marked);
-    ASSERT_EQ(run("attendance --employee 'Roe, Rick' --year 2025 --now 2026-11-20T08:30:00"), 0) << err;
-    std::string unmarked;
-    for (int day = 1; day <= 30; ++day)
         unmarked += "A ,";
-    EXPECT_EQ(november(), unmarked);
+    }
+    ASSERT_EQ(run({"attendance", "--employee", "roe, RICK", "--now", "2026-11-20T08:30:00"}), 0) << err;
+    EXPECT_EQ(csv().at(0), "Rick");
+    EXPECT_EQ(csv().at(11), marked);
+    ASSERT_EQ(run({"attendance", "--employee", "Roe, Rick", "--year", "2025", "--now", "2026-11-20T08:30:00"}), 0)
+        << err;
+    EXPECT_EQ(csv().at(11), unmarked);
 }
 
 TEST_F(ReportProgram, MessagesGoToStandardErrorAndTheExitCodeTellsTheOutcome)
 {
     // A month after the present one: the notice, taken as answered, and the year before.
     // Each message is the station's text behind the program's name.
-    EXPECT_EQ(run("monthly --now 2026-11-20T08:30:00 --month 12"), 0);
+    EXPECT_EQ(run({"monthly", "--now", "2026-11-20T08:30:00", "--month", "12"}), 0);
     EXPECT_EQ(err, "zandolt-report: The month specified is greater than this month, so will use the previous year "
                    "data.\n");
     EXPECT_EQ(out, path("REPORT.TXT") + "\n" + path("REPORT.CSV") + "\n");
     // A month of 13 passes, as at the station, and fails where the report is written.
-    EXPECT_EQ(run("monthly --now 2026-11-20T08:30:00 --month 13"), 1);
+    EXPECT_EQ(run({"monthly", "--now", "2026-11-20T08:30:00", "--month", "13"}), 1);
     EXPECT_NE(err.find("\nzandolt-report: Error opening report file to write\n"), std::string::npos) << err;
     EXPECT_EQ(out, "");
     // A usage error says what is wrong, then how the command goes.
-    EXPECT_EQ(run("monthly --month twelve"), 2);
+    EXPECT_EQ(run({"monthly", "--month", "twelve"}), 2);
     EXPECT_EQ(err.substr(0, err.find('\n')), "zandolt-report: --month wants a month number from 1, not \"twelve\"");
     EXPECT_NE(err.find("usage: zandolt-report KIND"), std::string::npos);
     EXPECT_EQ(out, "");
@@ -123,12 +117,12 @@ TEST_F(ReportProgram, ADirectoryWithoutTheStationsFilesIsSaidToBeTheWrongOne)
 {
     // No report is made: an empty one would look like a site without employees.
     std::filesystem::remove(path("NAMES.TXT"));
-    EXPECT_EQ(run("certification"), 1);
+    EXPECT_EQ(run({"certification"}), 1);
     EXPECT_EQ(err, "zandolt-report: " + path("NAMES.TXT") + " is missing: is --dir the station's directory?\n");
     EXPECT_EQ(out, "");
     EXPECT_FALSE(FileExists(path("CERTIF.TXT")));
     std::filesystem::remove(path("ZANDOLT.INI"));
-    EXPECT_EQ(run("certification"), 1);
+    EXPECT_EQ(run({"certification"}), 1);
     EXPECT_EQ(err, "zandolt-report: " + path("ZANDOLT.INI") + " is missing: is --dir the station's directory?\n");
 }
 

@@ -8,9 +8,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <sys/resource.h>
-#include <sys/wait.h>
 
 namespace zandolt::testing {
 namespace {
@@ -27,17 +25,21 @@ protected:
 
     std::string path(const std::string& name) const { return dir_.path() + "/" + name; }
 
-    int run(const std::string& arguments)
+    // Runs the schedule from another directory, from `from` to `to` (--check when `from` is empty).
+    int run(const std::string& from = {}, const std::string& to = {})
     {
-        const std::string command = "cd / && LC_ALL=C '" ZANDOLT_REPORT_PROGRAM "' schedule --dir '" + dir_.path() +
-                                    "' " + arguments + " >'" + out_.path() + "/out' 2>'" + out_.path() + "/err'";
-        const int status = std::system(command.c_str());
-        out = ReadTextFile(out_.path() + "/out");
-        err = ReadTextFile(out_.path() + "/err");
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        std::vector<std::string> args = {ZANDOLT_REPORT_PROGRAM, "schedule", "--dir", dir_.path()};
+        if (from.empty())
+            args.push_back("--check");
+        else
+            args.insert(args.end(), {"--from", from, "--to", to});
+        ProgramRun r = RunProgram(args);
+        out = r.out;
+        err = r.err;
+        return r.code;
     }
 
-    TempDir dir_, out_;
+    TempDir dir_;
     std::string out, err;
 };
 
@@ -50,7 +52,7 @@ TEST_F(ScheduleProgram, AWeekOnTheVirtualClockWritesOneLinePerJob)
                                           "Th 14:00 Exception ALL no\r\n");
     const std::string settings = ReadTextFile(path("ZANDOLT.INI"));
     // Monday 30 November is the last day of the month.
-    ASSERT_EQ(run("--from 2026-11-30T06:00:00 --to 2026-12-04T23:59:59"), 0) << err;
+    ASSERT_EQ(run("2026-11-30T06:00:00", "2026-12-04T23:59:59"), 0) << err;
     // The exception report closes its window at its run, and the window stays so for the others.
     EXPECT_EQ(out, "2026-11-30T07:30:01 slot 1 Certificate date=11/30/2026 month=11 group=\"Assembly\" "
                    "window=00:00:00-23:59:59\n"
@@ -71,7 +73,7 @@ TEST_F(ScheduleProgram, ABadScheduleOrAStopOfTheWindowsRunnerEndsItWithOne)
 {
     // The check prints what the table holds: the bad line keeps its slot, empty.
     WriteTextFile(path("GENREPORTS.TXT"), "Mo 07:30 ex ALL qa\r\nXx 08:00 ex\r\n");
-    EXPECT_EQ(run("--check"), 1);
+    EXPECT_EQ(run(), 1);
     EXPECT_EQ(out, "Mo             07:30 Exception   ALL      qa \n" + std::string(15, ' ') + "00:00" +
                        std::string(23, ' ') + "\n");
     EXPECT_EQ(err, "zandolt-report: Did not find a legitimate day in line  2\n");
@@ -83,8 +85,8 @@ TEST_F(ScheduleProgram, ABadScheduleOrAStopOfTheWindowsRunnerEndsItWithOne)
               "zandolt-report: mail: there is no MAIL.INI in " + dir_.path() +
                   "\nzandolt-report: Error2 sending message to email address qa@site.example\n"}}) {
         WriteTextFile(path("GENREPORTS.TXT"), schedule);
-        EXPECT_EQ(run("--check"), 0);
-        EXPECT_EQ(run("--from 2026-11-30T07:59:00 --to 2026-11-30T09:00:00"), 1) << schedule;
+        EXPECT_EQ(run(), 0);
+        EXPECT_EQ(run("2026-11-30T07:59:00", "2026-11-30T09:00:00"), 1) << schedule;
         EXPECT_EQ(err, message);
     }
 }
@@ -108,7 +110,7 @@ TEST_F(ScheduleProgram, AWholeDayOverAFullScheduleTakesLessThanTenSecondsOfProce
                static_cast<double>(r.ru_utime.tv_usec + r.ru_stime.tv_usec) / 1e6;
     };
     const double before = used();
-    ASSERT_EQ(run("--from 2026-11-30T00:00:00 --to 2026-12-01T00:00:00"), 0) << err;
+    ASSERT_EQ(run("2026-11-30T00:00:00", "2026-12-01T00:00:00"), 0) << err;
     EXPECT_LT(used() - before, 10.0);
     // Monday's half of the entries ran, each once.
     EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 128);
