@@ -1,13 +1,20 @@
-// The built zandolt-report on a small hand-made site, under the C locale: the files it writes and
-// the paths it prints, the station's messages on standard error, and its exit codes.
+// The built zandolt-report on small hand-made directories, under the C locale: a station's reports
+// (the files written, the paths printed, the station's messages on standard error, the exit codes),
+// the schedule without a desk (its check, a week on the virtual clock with one line per job, the
+// exit status where the window's runner would fall back, the speed of a day, a stop by SIGTERM),
+// and the site's jobs on a server directory with two stations.
 #include "child_process.h"
 #include "data/text_lines.h"
 #include "support/station_fixture.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <string>
+#include <sys/resource.h>
 
 namespace zandolt::testing {
 namespace {
@@ -20,6 +27,7 @@ std::string nameLine(const std::string& last, const std::string& first, const st
            (foot ? "-1" : "0") + ", A, 01/05/2026, 01/05/2026, 1, 12/31/2027, " + Available + ", 0, , 0\r\n";
 }
 
+// A station of three employees, one of whom tested on 19 November 2026 and two on the 20th.
 class ReportProgram : public ::testing::Test
 {
 protected:
@@ -41,12 +49,14 @@ protected:
 
     std::string path(const std::string& name) const { return dir_.path() + "/" + name; }
 
-    // Runs the program from another directory; its exit code.
-    int run(std::vector<std::string> args)
+    // Runs the program from another directory with --dir, or without it in the directory itself
+    // when `here`; its exit code.
+    int run(std::vector<std::string> args, bool here = false, const std::string& input = {})
     {
         args.insert(args.begin(), ZANDOLT_REPORT_PROGRAM);
-        args.insert(args.end(), {"--dir", dir_.path()});
-        ProgramRun r = RunProgram(args);
+        if (!here)
+            args.insert(args.end(), {"--dir", dir_.path()});
+        ProgramRun r = RunProgram(args, here ? dir_.path() : "/", input);
         out = r.out;
         err = r.err;
         return r.code;
@@ -124,6 +134,146 @@ TEST_F(ReportProgram, ADirectoryWithoutTheStationsFilesIsSaidToBeTheWrongOne)
     std::filesystem::remove(path("ZANDOLT.INI"));
     EXPECT_EQ(run({"certification"}), 1);
     EXPECT_EQ(err, "zandolt-report: " + path("ZANDOLT.INI") + " is missing: is --dir the station's directory?\n");
+}
+
+TEST_F(ReportProgram, TheScheduleOfAWeekOnTheVirtualClockWritesOneLinePerJob)
+{
+    WriteTextFile(path("GENREPORTS.TXT"), "; a week\r\n"
+                                          "MoWeFr 07:30 Certificate Assembly no\r\n"
+                                          "Fi 00:00 Vacation all no\r\n"
+                                          "Tu 06:00 M1Task\r\n"
+                                          "Th 14:00 Exception ALL no\r\n");
+    const std::string settings = ReadTextFile(path("ZANDOLT.INI"));
+    // Monday 30 November is the last day of the month.
+    ASSERT_EQ(run({"schedule", "--from", "2026-11-30T06:00:00", "--to", "2026-12-04T23:59:59"}), 0) << err;
+    // The exception report closes its window at its run, and the window stays so for the others.
+    EXPECT_EQ(out, "2026-11-30T07:30:01 slot 1 Certificate date=11/30/2026 month=11 group=\"Assembly\" "
+                   "window=00:00:00-23:59:59\n"
+                   "2026-12-01T00:00:01 slot 2 Vacation date=11/30/2026 month=11 group=\"\" window=00:00:00-23:59:59\n"
+                   "2026-12-01T06:00:01 slot 3 M1Task date=12/01/2026 month=12 group=\"ALL \" "
+                   "window=00:00:00-23:59:59\n"
+                   "2026-12-02T07:30:01 slot 1 Certificate date=12/02/2026 month=12 group=\"Assembly\" "
+                   "window=00:00:00-23:59:59\n"
+                   "2026-12-03T14:00:01 slot 4 Exception date=12/03/2026 month=12 group=\"\" "
+                   "window=00:00:00-14:00:01\n"
+                   "2026-12-04T07:30:01 slot 1 Certificate date=12/04/2026 month=12 group=\"Assembly\" "
+                   "window=00:00:00-14:00:01\n");
+    EXPECT_EQ(err, "");
+    EXPECT_EQ(ReadTextFile(path("ZANDOLT.INI")), settings);
+}
+
+TEST_F(ReportProgram, ABadScheduleOrAStopOfTheWindowsRunnerEndsTheScheduleWithOne)
+{
+    // The check prints what the table holds: the bad line keeps its slot, empty.
+    WriteTextFile(path("GENREPORTS.TXT"), "Mo 07:30 ex ALL qa\r\nXx 08:00 ex\r\n");
+    EXPECT_EQ(run({"schedule", "--check"}), 1);
+    EXPECT_EQ(out, "Mo             07:30 Exception   ALL      qa \n" + std::string(15, ' ') + "00:00" +
+                       std::string(23, ' ') + "\n");
+    EXPECT_EQ(err, "zandolt-report: Did not find a legitimate day in line  2\n");
+    // An entry without a report kind, due at once; a note to an address with no mail set up.
+    for (const auto& [schedule, message] :
+         {std::pair<std::string, std::string>{"Mo 08:00\r\n", "zandolt-report: No such case of report\n"},
+          std::pair<std::string, std::string>{
+              "Mo 07:00 M1Task ALL qa@site.example\r\n",
+              "zandolt-report: mail: there is no MAIL.INI in " + dir_.path() +
+                  "\nzandolt-report: Error2 sending message to email address qa@site.example\n"}}) {
+        WriteTextFile(path("GENREPORTS.TXT"), schedule);
+        EXPECT_EQ(run({"schedule", "--check"}), 0);
+        EXPECT_EQ(run({"schedule", "--from", "2026-11-30T07:59:00", "--to", "2026-11-30T09:00:00"}), 1) << schedule;
+        EXPECT_EQ(err, message);
+    }
+}
+
+TEST_F(ReportProgram, AScheduledDayOverAFullTableTakesLessThanTenSecondsOfProcessorTime)
+{
+    // An entry every five minutes from 00:00 on, every other one on Mondays.
+    std::string schedule;
+    for (int i = 0; i < 257; ++i) {
+        char line[64];
+        std::snprintf(line, sizeof line, "%s %02d:%02d M%dTask ALL no\r\n", i % 2 ? "MoWeFr" : "TuThSaSu", i * 5 / 60,
+                      i * 5 % 60, i % 5 + 1);
+        schedule += line;
+    }
+    WriteTextFile(path("GENREPORTS.TXT"), schedule);
+    // Processor time: each job's save waits for the disk, which another process may keep busy.
+    const auto used = [] {
+        rusage r{};
+        ::getrusage(RUSAGE_CHILDREN, &r);
+        return static_cast<double>(r.ru_utime.tv_sec + r.ru_stime.tv_sec) +
+               static_cast<double>(r.ru_utime.tv_usec + r.ru_stime.tv_usec) / 1e6;
+    };
+    const double before = used();
+    ASSERT_EQ(run({"schedule", "--from", "2026-11-30T00:00:00", "--to", "2026-12-01T00:00:00"}), 0) << err;
+    EXPECT_LT(used() - before, 10.0);
+    // Monday's half of the entries ran, each once.
+    EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 128);
+}
+
+TEST_F(ReportProgram, TheScheduleOnTheSystemClockRunsUntilSigterm)
+{
+    WriteTextFile(path("GENREPORTS.TXT"), "MoTuWeThFrSaSu 00:00 M1Task ALL no\r\n");
+    ChildProcess program({ZANDOLT_REPORT_PROGRAM, "schedule", "--dir", dir_.path()});
+    EXPECT_NE(program.readLine(5000).find(" slot 0 M1Task "), std::string::npos);
+    program.signal(SIGTERM);
+    EXPECT_EQ(program.wait(), 0);
+}
+
+// The server of the site's jobs: a station st1, and one out of reach.
+class SiteProgram : public ReportProgram
+{
+protected:
+    SiteProgram()
+    {
+        std::filesystem::create_directory(station("st1"));
+        WriteTextFile(path("NetList.txt"), station("st1") + "\n" + station("gone") + "\n");
+    }
+    std::string station(const std::string& name) const { return stations_.path() + "/" + name; }
+
+    TempDir stations_;
+};
+
+const std::string Rest =
+    ", -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2027, " + Available + ", 0, , ";
+
+TEST_F(SiteProgram, MergePrintsItsCountsAndTellsOfRemovedDuplicates)
+{
+    const std::string a = "Doe, Jane, 1, 03-15-2026, 08:00:00, Wok", b = "Roe, Rick, 2, 03-15-2026, 09:00:00, Wok";
+    WriteTextFile(path("IN1.TXT"), a + "\r\n" + b + "\r\n");
+    WriteTextFile(path("IN2.TXT"), b + "\r\n");
+    ASSERT_EQ(run({"merge", "IN1.TXT", "IN2.TXT", "OUT.TXT"}, true), 0) << err;
+    EXPECT_EQ(out, "2 1 2\nduplicates removed\n");
+    EXPECT_EQ(ReadTextFile(path("OUT.TXT")), a + "\r\n" + b + "\r\n");
+    ASSERT_EQ(run({"merge", "IN1.TXT", "NONE.TXT", "OUT.TXT"}, true), 1);
+    EXPECT_EQ(err, "zandolt-report: NONE.TXT not exist\n");
+    EXPECT_EQ(run({"merge", "IN1.TXT", "IN2.TXT"}, true), 2);
+    EXPECT_EQ(run({"logsort", "--dir", path("none")}, true), 2);
+}
+
+TEST_F(SiteProgram, TheNamesJobsRunToTheirEndAndSayWhichStationWasOutOfReach)
+{
+    WriteTextFile(path("NAMES.TXT"), "# h\r\n# h\r\nRoe, Rick, 2" + Rest + "0\r\nDoe, Jane, 1" + Rest + "0\r\n");
+    WriteTextFile(station("st1/Names.txt"), "# h\r\n# h\r\nPoe, Ed, 3" + Rest + "1\r\n");
+    std::filesystem::last_write_time(station("st1/Names.txt"),
+                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+    const std::string gone =
+        "zandolt-report: " + station("gone") + " can not be accessed.  Please check the network connections\n";
+    EXPECT_EQ(run({"getnames"}, true), 1);
+    EXPECT_EQ(err, gone);
+    const std::string gathered = ReadTextFile(path("NAMES.TXT"));
+    EXPECT_NE(gathered.find("Poe, Ed"), std::string::npos);
+
+    EXPECT_EQ(run({"sendnames"}, true), 1);
+    EXPECT_EQ(err, "zandolt-report: " + station("gone") +
+                       " can not be accessed or their are no other files in the directory.  Please "
+                       "check the network connections\n");
+    EXPECT_EQ(ReadTextFile(station("st1/Names.txt")), gathered);
+
+    // The sort asks on the terminal: anything but yes changes nothing.
+    EXPECT_EQ(run({"sortnames"}, true, "n\n"), 0);
+    EXPECT_EQ(ReadTextFile(path("NAMES.TXT")), gathered);
+    EXPECT_NE(err.find("alphabetical order?"), std::string::npos);
+    EXPECT_EQ(run({"sortnames", "--yes"}, true), 0) << err;
+    EXPECT_NE(ReadTextFile(path("NAMES.TXT")).find("string of 365 attendance chars\r\n"), std::string::npos);
 }
 
 } // namespace

@@ -22,24 +22,19 @@ namespace {
 namespace fs = std::filesystem;
 
 // The test server, started with its arguments; `port` is where it listens, 0 when it did not start.
-class SmtpServer
+struct SmtpServer : ChildProcess
 {
-public:
-    explicit SmtpServer(std::vector<std::string> args) : process_(withScript(std::move(args)))
+    explicit SmtpServer(std::vector<std::string> args) : ChildProcess(withScript(std::move(args)))
     {
-        const std::string line = process_.readLine(15000);
-        if (line.rfind("ready ", 0) == 0)
-            port = std::stoi(line.substr(6));
+        const std::string line = readLine(15000);
+        port = line.rfind("ready ", 0) == 0 ? std::stoi(line.substr(6)) : 0;
     }
-    int port = 0;
-
-private:
     static std::vector<std::string> withScript(std::vector<std::string> args)
     {
         args.insert(args.begin(), {"/usr/bin/python3", ZANDOLT_SMTP_SERVER});
         return args;
     }
-    ChildProcess process_;
+    int port;
 };
 
 // A message as the server took it apart; the attachments by "N-NAME".
@@ -108,11 +103,8 @@ protected:
     {
         std::vector<Received> out;
         for (const fs::path& f : std::set<fs::path>(fs::directory_iterator(inbox_.path()), {})) {
-            Received& r = out.emplace_back(Received{ReadTextFile(f / "envelope"),
-                                                    ReadTextFile(f / "subject"),
-                                                    ReadTextFile(f / "charset"),
-                                                    ReadTextFile(f / "body"),
-                                                    {}});
+            const auto part = [&](const char* name) { return ReadTextFile(f / name); };
+            Received& r = out.emplace_back(Received{part("envelope"), part("subject"), part("charset"), part("body")});
             for (const fs::path& a : fs::directory_iterator(f / "attachments"))
                 r.attachments[a.filename().string()] = ReadTextFile(a);
         }
@@ -151,8 +143,10 @@ TEST_F(RealMail, EachChoiceOfPartsArrivesAsOneMessageWhenTheReportIsSmall)
     writeCsv("Mu\xF1oz,Ana,gHg\r\n");
     for (int mask = 0; mask <= 7; ++mask)
         send(mask);
+    // Each address gets a message of its own.
+    send(1, "boss@site.example;qa@site.example");
     const std::vector<Received> got = inbox();
-    ASSERT_EQ(got.size(), 7u);
+    ASSERT_EQ(got.size(), 9u);
     expectMessage(got[0], false, text, "");
     expectMessage(got[1], true, "See attached .csv file", "c");
     expectMessage(got[2], true, text, "c");
@@ -161,13 +155,16 @@ TEST_F(RealMail, EachChoiceOfPartsArrivesAsOneMessageWhenTheReportIsSmall)
     expectMessage(got[5], false, "See attached files", "ct", text);
     expectMessage(got[6], false, text, "ct", text);
     EXPECT_EQ(got[0].charset, "utf-8");
+    EXPECT_EQ(got[7].envelope, "server@site.example\nboss@site.example\n");
+    EXPECT_EQ(got[7].body, text);
+    expectMessage(got[8], false, text, "");
 
     // A report in the old code page goes in that code page.
     WriteTextFile(txt, "Mu\xF1oz, Ana\r\n");
     send(1);
-    ASSERT_EQ(inbox().size(), 8u);
-    EXPECT_EQ(inbox()[7].charset, "windows-1252");
-    EXPECT_EQ(inbox()[7].body, "Mu\xF1oz, Ana\r\n");
+    ASSERT_EQ(inbox().size(), 10u);
+    EXPECT_EQ(inbox()[9].charset, "windows-1252");
+    EXPECT_EQ(inbox()[9].body, "Mu\xF1oz, Ana\r\n");
     EXPECT_EQ(form().StopRequested, 0);
 }
 
@@ -184,8 +181,11 @@ TEST_F(RealMail, ReportsSplitAtTheirThresholdsAndAreCutAboveTwoMillion)
         for (int mask : masks)
             send(mask);
     }
+    // A character that the cut would split goes whole to the part left out.
+    WriteTextFile(txt, std::string(1999999, 'r') + "\xC3\xA9r");
+    send(1);
     const std::vector<Received> got = inbox();
-    ASSERT_EQ(got.size(), 15u);
+    ASSERT_EQ(got.size(), 16u);
     expectMessage(got[0], false, report(330000), "ct", report(330000));
     expectMessage(got[1], false, report(330001), "");
     expectMessage(got[2], true, "See attached .csv file", "c");
@@ -200,10 +200,10 @@ TEST_F(RealMail, ReportsSplitAtTheirThresholdsAndAreCutAboveTwoMillion)
     expectMessage(got[11], true, "See attached .csv file", "c");
     expectMessage(got[12], true, "See attached .txt file", "t", report(1000001));
     expectMessage(got[13], false, report(2000000), "");
-    expectMessage(got[14], false,
-                  report(2000000) + " Remainder of report was too long to send.  This is the first 2000000 "
-                                    "characters.  Please see attachment.",
-                  "");
+    const std::string cut = " Remainder of report was too long to send.  This is the first 2000000 characters.  Please "
+                            "see attachment.";
+    expectMessage(got[14], false, report(2000000) + cut, "");
+    expectMessage(got[15], false, std::string(1999999, 'r') + cut, "");
 }
 
 TEST_F(RealMail, EveryKindOfMailFailureStopsTheRunnerWithItsMessage)
