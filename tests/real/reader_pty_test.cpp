@@ -28,8 +28,8 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(dir.isValid());
-        ASSERT_TRUE(startPtyPair(testerPair, dir.filePath("ttyStation"), dir.filePath("ttyTester")));
-        ASSERT_TRUE(startPtyPair(readerPair, dir.filePath("ttyStationReader"), dir.filePath("ttyReader")));
+        ASSERT_TRUE(startPtyPair("ttyStation", "ttyTester"));
+        ASSERT_TRUE(startPtyPair("ttyStationReader", "ttyReader"));
         writeFile(dir.filePath("PORTS.TXT"), "1 " + dir.filePath("ttyStation").toStdString() + "\n2 " +
                                                  dir.filePath("ttyStationReader").toStdString() + "\n");
 
@@ -50,22 +50,13 @@ protected:
             scratch.DefaultFootRequired = True;
             SaveIniFile(scratch);
         }
-        writeFile(dir.filePath("NAMES.TXT"),
-                  "# names\r\n# example\r\n"
-                  "Doe, Jane, QA-4711:180, -1.00, -1.00, -1.00, -1.00, -1, -1, A, 01/05/2026, 01/05/2026, 1, "
-                  "12/31/2030, " +
-                      std::string(372, 'A') + ", 0, , 0\r\n");
+        writeFile(dir.filePath("NAMES.TXT"), JaneNames("QA-4711:180"));
 
         startStation();
         ASSERT_TRUE(app->nameForm().ProxComm().isOpen()) << "the reader port did not open";
     }
 
-    void TearDown() override
-    {
-        stopStation();
-        stopProcess(testerPair);
-        stopProcess(readerPair);
-    }
+    void TearDown() override { stopStation(); }
 
     // The reader presents a card: "card=N" for the card readers, the text itself for RS232. The
     // emulator stays a little, so that the station reads the card before the line goes.
@@ -81,8 +72,6 @@ protected:
     {
         return QTest::qWaitFor([&] { return app->isLoaded(&app->rs232Form()); }, 5000);
     }
-
-    QProcess testerPair, readerPair;
 };
 
 TEST_P(ReaderOverPty, AKnownCardStartsItsEmployeesTest)
@@ -100,7 +89,6 @@ TEST_P(ReaderOverPty, AnUnknownBadgeEnrolsAndItsTestIsLogged)
     EXPECT_EQ(run.exitCode, 0);
     ASSERT_TRUE(testWindowOpens());
     EXPECT_EQ(app->rs232Form().NameLabel.caption(), "12345, Number");
-    ASSERT_FALSE(messages.empty());
     EXPECT_NE(std::find(messages.begin(), messages.end(), "The badge number 12345 was not found.\nAdd it to the list?"),
               messages.end());
 
