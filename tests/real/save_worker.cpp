@@ -23,32 +23,6 @@ using namespace zandolt;
 
 namespace {
 
-void setPasswords(App& app, const std::string& tag)
-{
-    for (int r = 0; r < app.EmployeeCount; ++r)
-        app.EmpPassword[static_cast<size_t>(r)] = tag;
-}
-
-void setCompanyName(App& app, const std::string& tag)
-{
-    app.CompanyName.clear();
-    while (app.CompanyName.size() < (1u << 20))
-        app.CompanyName += tag;
-}
-
-// A file the worker can save: what it changes first, and the station's own save.
-struct Saver
-{
-    const char* what;
-    void (*change)(App&, const std::string&);
-    void (*save)(App&);
-};
-
-const Saver Savers[] = {
-    {"names", setPasswords, SaveNamesFile},
-    {"ini", setCompanyName, SaveIniFile},
-};
-
 // The real files, which say so on standard output when a file is first replaced: from then on a
 // kill can catch a save part-way.
 class AnnouncingFiles : public headless::FaultyFiles
@@ -107,15 +81,18 @@ int main(int argc, char** argv)
         return RunReport(app, parsed.request, paths, std::cerr);
     }
 
-    for (const Saver& saver : Savers) {
-        if (what != saver.what || argc != 4)
-            continue;
-        ReadIniFile(app);
-        ReadNamesFile(app);
-        saver.change(app, argv[3]);
-        const size_t shown = backend.ui.journal().size();
-        saver.save(app);
-        return backend.ui.journal().size() == shown ? 0 : 1;
-    }
-    return usage();
+    if ((what != "names" && what != "ini") || argc != 4)
+        return usage();
+    ReadIniFile(app);
+    ReadNamesFile(app);
+    const std::string tag = argv[3];
+    if (what == "names")
+        for (int r = 0; r < app.EmployeeCount; ++r)
+            app.EmpPassword[static_cast<size_t>(r)] = tag;
+    else
+        for (app.CompanyName.clear(); app.CompanyName.size() < (1u << 20);)
+            app.CompanyName += tag;
+    const size_t shown = backend.ui.journal().size();
+    what == "names" ? SaveNamesFile(app) : SaveIniFile(app);
+    return backend.ui.journal().size() == shown ? 0 : 1;
 }
