@@ -27,6 +27,7 @@ int main(int argc, char** argv)
     // The files are the real ones of the system; only the window side is the test backend, whose
     // message box records the writer's complaint instead of waiting for someone.
     zandolt::headless::HeadlessBackend backend(dir);
+    backend.clock.setNow(zandolt::DateTime{2026, 11, 22, 8, 0, 0, 0});
     zandolt::App app(backend.services());
     app.LogPath = dir + "/LOG.TXT";
     app.EmployeeCount = 1;
