@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <iterator>
 #include <random>
 #include <set>
 #include <string>
@@ -53,52 +54,47 @@ const SaveCase Cases[] = {
 
 constexpr int Kills = 100;
 
-// Employees Worker0000 and on, each tested in turn on the 19th and the 20th of November 2026.
-void makeSite(const std::string& dir, int employees, int linesPerDay)
-{
-    WriteTextFile(dir + "/ZANDOLT.INI", ReadTextFile(ZANDOLT_SOURCE_DIR "/resources/demo/ZANDOLT.INI"));
-    const std::string available(372, 'A');
-    std::string names = "# names\r\n# of the kill test\r\n";
-    char line[160];
-    for (int e = 0; e < employees; ++e) {
-        std::snprintf(line, sizeof line, "Worker%04d, Kim, G%d-%04d, -1.00, -1.00, -1.00, -1.00, -1, -1, A, ", e, e % 7,
-                      e);
-        names += line;
-        names += "01/05/2026, 01/05/2026, 1, 12/31/2027, " + available + ", 0, , 0\r\n";
-    }
-    WriteTextFile(dir + "/NAMES.TXT", names);
-    std::string log;
-    for (int day : {19, 20})
-        for (int n = 0; n < linesPerDay; ++n) {
-            const int e = n % employees;
-            std::snprintf(line, sizeof line,
-                          "Worker%04d, Kim     , G%d-%04d            , 11-%02d-2026, %02d:%02d:%02d, Wok, Lok, Rok, "
-                          "01.00, 02.00, 03.00\r\n",
-                          e, e % 7, e, day, 6 + n / 3600, n / 60 % 60, n % 60);
-            log += line;
-        }
-    WriteTextFile(dir + "/LOG.TXT", log);
-}
-
-std::set<std::string> entries(const std::string& dir)
-{
-    std::set<std::string> names;
-    for (const auto& e : std::filesystem::directory_iterator(dir))
-        names.insert(e.path().filename().string());
-    return names;
-}
-
 class KillSave : public ::testing::TestWithParam<SaveCase>
 {
 protected:
+    // Employees Worker0000 and on, each tested in turn on the 19th and the 20th of November 2026.
     KillSave()
     {
-        makeSite(dir.path(), GetParam().employees, GetParam().linesPerDay);
-        siteFiles = entries(dir.path());
+        WriteTextFile(at("ZANDOLT.INI"), ReadTextFile(ZANDOLT_SOURCE_DIR "/resources/demo/ZANDOLT.INI"));
+        std::string names = "# names\r\n# of the kill test\r\n", log;
+        char line[600];
+        for (int e = 0; e < GetParam().employees; ++e) {
+            std::snprintf(
+                line, sizeof line,
+                "Worker%04d, Kim, G%d-%04d, -1.00, -1.00, -1.00, -1.00, -1, -1, A, 01/05/2026, 01/05/2026, 1, "
+                "12/31/2027, %s, 0, , 0\r\n",
+                e, e % 7, e, std::string(372, 'A').c_str());
+            names += line;
+        }
+        for (int day : {19, 20})
+            for (int n = 0; n < GetParam().linesPerDay; ++n) {
+                const int e = n % GetParam().employees;
+                std::snprintf(
+                    line, sizeof line,
+                    "Worker%04d, Kim     , G%d-%04d            , 11-%02d-2026, %02d:%02d:%02d, Wok, Lok, Rok, "
+                    "01.00, 02.00, 03.00\r\n",
+                    e, e % 7, e, day, 6 + n / 3600, n / 60 % 60, n % 60);
+                log += line;
+            }
+        WriteTextFile(at("NAMES.TXT"), names);
+        WriteTextFile(at("LOG.TXT"), log);
+        expected = entries();
+        expected.insert(GetParam().files.begin(), GetParam().files.end());
     }
 
     std::string at(const std::string& name) const { return dir.path() + "/" + name; }
-
+    std::set<std::string> entries() const
+    {
+        std::set<std::string> names;
+        for (const auto& e : std::filesystem::directory_iterator(dir.path()))
+            names.insert(e.path().filename().string());
+        return names;
+    }
     std::vector<std::string> contents() const
     {
         std::vector<std::string> texts;
@@ -106,16 +102,11 @@ protected:
             texts.push_back(ReadTextFile(at(f)));
         return texts;
     }
-
     // Files in the directory that are neither the site's nor the save's.
     std::vector<std::string> strays() const
     {
-        std::set<std::string> expected = siteFiles;
-        expected.insert(GetParam().files.begin(), GetParam().files.end());
         std::vector<std::string> extra;
-        for (const std::string& name : entries(dir.path()))
-            if (!expected.count(name))
-                extra.push_back(name);
+        std::ranges::set_difference(entries(), expected, std::back_inserter(extra));
         return extra;
     }
 
@@ -141,7 +132,7 @@ protected:
     }
 
     TempDir dir;
-    std::set<std::string> siteFiles;
+    std::set<std::string> expected;
 };
 
 TEST_P(KillSave, AKilledSaveLeavesTheOldFileOrTheNewOneAndTheNextSaveCleansUp)
