@@ -66,70 +66,50 @@ protected:
     LogMergeCounts counts;
 };
 
-TEST_F(MergeTwoFilesTest, TwoLogsOfOneDayInterleaveByTheTime)
-{
-    // 08:00 < 08:30 writes line 1; 09:00 >= 08:30 in the same year writes line 2; and so on.
-    EXPECT_EQ(merge(LogText({a8, a9, a10}), LogText({b830, b930})), LogText({a8, b830, a9, b930, a10}));
-    EXPECT_EQ(counted(), "3 2 5");
-}
-
-TEST_F(MergeTwoFilesTest, TheYearPutsDecemberFirstOnlyWhenDecemberIsLineOne)
+TEST_F(MergeTwoFilesTest, EachCaseComesOutAsTheRulesOrderTheLines)
 {
     const std::string dec = LogLineAt("Doe, Jane", "12-31-2025", "23:00:00"),
-                      jan = LogLineAt("Roe, Rick", "01-01-2026", "00:10:00");
-    // "12-31-2025..." is above "01-01-2026..." as text, but the year 2025 is below 2026: line 1.
-    EXPECT_EQ(merge(LogText({dec}), LogText({jan})), LogText({dec, jan}));
-    // The other way round the keys alone decide, and January goes out before December.
-    EXPECT_EQ(merge(LogText({jan}), LogText({dec})), LogText({jan, dec}));
-}
-
-TEST_F(MergeTwoFilesTest, AShortKeyOrAYearOutsideTheRangeComparesByKeyAlone)
-{
-    // A key of ten characters has no year: "12-31-2025" is above "01-01-2026, ..." and line 2 goes
-    // first, where the full key would have put December first.
-    const std::string shortKey = "Doe, Jane, 4711, 12-31-2025", jan = LogLineAt("Roe, Rick", "01-01-2026", "00:10:00");
-    EXPECT_EQ(merge(LogText({shortKey}), LogText({jan})), LogText({jan, shortKey}));
-    // "2x26" lies between "1980" and "3000" by character codes, so the years count: "2x26" below
-    // "2x27" writes line 1 although its key is the larger.
-    const std::string x26 = LogLineAt("Doe, Jane", "12-31-2x26", "23:00:00"),
-                      x27 = LogLineAt("Roe, Rick", "01-01-2x27", "00:10:00");
-    EXPECT_EQ(merge(LogText({x26}), LogText({x27})), LogText({x26, x27}));
-    // "0226" lies below "1980": no years, and the larger key goes second.
-    const std::string y0226 = LogLineAt("Doe, Jane", "12-31-0226", "23:00:00");
-    EXPECT_EQ(merge(LogText({y0226}), LogText({x27})), LogText({x27, y0226}));
-}
-
-TEST_F(MergeTwoFilesTest, OnlyARepeatOfTheLineWrittenJustBeforeIsDropped)
-{
-    // a8 twice in a row: the second is dropped. a10 in both files meet: equal keys write line 2,
-    // and line 1 then repeats it. The a8 at the end of input 2 is no neighbour of the first and
-    // stays.
-    EXPECT_EQ(merge(LogText({a8, a8, a10}), LogText({b9, a10, a8})), LogText({a8, b9, a10, a8}));
-    EXPECT_EQ(counted(), "3 3 4 duplicates");
-}
-
-TEST_F(MergeTwoFilesTest, AnEmptySecondInputCopiesTheFirstWithoutItsRepeatsAndEmptyLines)
-{
-    EXPECT_EQ(merge(LogText({a8, a8, "", a9}), ""), LogText({a8, a9}));
-    EXPECT_EQ(counted(), "4 0 2 duplicates");
-}
-
-TEST_F(MergeTwoFilesTest, AFileMergedWithItselfGivesEachLineOnce)
-{
-    const std::string log = LogText({a8, b9, a10});
-    EXPECT_EQ(merge(log, log), log);
-    EXPECT_EQ(counted(), "3 3 3 duplicates");
-}
-
-TEST_F(MergeTwoFilesTest, ALineWithAnEmptyKeyIsWrittenWhereItIsMetAndTheMergeEnds)
-{
-    // Behind its third comma the line has only a blank: no order against b9 exists, and the line
-    // goes out as soon as it is in hand.
-    const std::string noKey = "Doe, Jane, 4711, ";
-    EXPECT_EQ(merge(LogText({a8, noKey, a10}), LogText({b9})), LogText({a8, noKey, b9, a10}));
-    EXPECT_EQ(counted(), "3 1 4");
-    // Both keys empty: line 1 first.
-    EXPECT_EQ(merge(LogText({"a, b, c,"}), LogText({"d, e, f, "})), LogText({"a, b, c,", "d, e, f, "}));
+                      jan = LogLineAt("Roe, Rick", "01-01-2026", "00:10:00"),
+                      x26 = LogLineAt("Doe, Jane", "12-31-2x26", "23:00:00"),
+                      x27 = LogLineAt("Roe, Rick", "01-01-2x27", "00:10:00"),
+                      y0226 = LogLineAt("Doe, Jane", "12-31-0226", "23:00:00"),
+                      shortKey = "Doe, Jane, 4711, 12-31-2025", noKey = "Doe, Jane, 4711, ";
+    const struct
+    {
+        std::string in1, in2, out, counts;
+    } cases[] = {
+        // 08:00 < 08:30 writes line 1; 09:00 >= 08:30 in the same year writes line 2; and so on.
+        {LogText({a8, a9, a10}), LogText({b830, b930}), LogText({a8, b830, a9, b930, a10}), "3 2 5"},
+        // "12-31-2025..." is above "01-01-2026..." as text, but the year 2025 is below 2026: line 1.
+        // The other way round the keys alone decide, and January goes out before December.
+        {LogText({dec}), LogText({jan}), LogText({dec, jan}), "1 1 2"},
+        {LogText({jan}), LogText({dec}), LogText({jan, dec}), "1 1 2"},
+        // A key of ten characters has no year: "12-31-2025" is above "01-01-2026, ..." and line 2
+        // goes first, where the full key would have put December first.
+        {LogText({shortKey}), LogText({jan}), LogText({jan, shortKey}), "1 1 2"},
+        // "2x26" lies between "1980" and "3000" by character codes, so the years count: "2x26" below
+        // "2x27" writes line 1 although its key is the larger. "0226" lies below "1980": no years,
+        // and the larger key goes second.
+        {LogText({x26}), LogText({x27}), LogText({x26, x27}), "1 1 2"},
+        {LogText({y0226}), LogText({x27}), LogText({x27, y0226}), "1 1 2"},
+        // Only a repeat of the line written just before is dropped: a8 twice in a row; a10 in both
+        // files meet, equal keys write line 2 and line 1 then repeats it. The a8 at the end of
+        // input 2 is no neighbour of the first and stays.
+        {LogText({a8, a8, a10}), LogText({b9, a10, a8}), LogText({a8, b9, a10, a8}), "3 3 4 duplicates"},
+        // An empty second input: the first without its repeats and empty lines.
+        {LogText({a8, a8, "", a9}), "", LogText({a8, a9}), "4 0 2 duplicates"},
+        // A file merged with itself gives each line once.
+        {LogText({a8, b9, a10}), LogText({a8, b9, a10}), LogText({a8, b9, a10}), "3 3 3 duplicates"},
+        // Behind its third comma the line has only a blank: no order against b9 exists, and the line
+        // goes out as soon as it is in hand. Both keys empty: line 1 first.
+        {LogText({a8, noKey, a10}), LogText({b9}), LogText({a8, noKey, b9, a10}), "3 1 4"},
+        {LogText({"a, b, c,"}), LogText({"d, e, f, "}), LogText({"a, b, c,", "d, e, f, "}), "1 1 2"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.in1 + "and\n" + c.in2);
+        EXPECT_EQ(merge(c.in1, c.in2), c.out);
+        EXPECT_EQ(counted(), c.counts);
+    }
 }
 
 TEST(LogSortOptionsTest, AThirdWordCountsOnlyWithAFourthBehindIt)
