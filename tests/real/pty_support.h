@@ -84,12 +84,10 @@ inline EmulatorRun runEmulator(const QString& device, const QStringList& options
         return run;
     }
     run.exitCode = emulator.exitStatus() == QProcess::NormalExit ? emulator.exitCode() : -1;
+    // The emulator's side of the conversation is printed for whoever reads the test's output.
     for (const QByteArray& line : emulator.readAllStandardOutput().split('\n'))
         if (!line.isEmpty())
-            run.lines.push_back(line.toStdString());
-    // The emulator's side of the conversation, for whoever reads the test's output.
-    for (const std::string& l : run.lines)
-        std::printf("  emulator: %s\n", l.c_str());
+            std::printf("  emulator: %s\n", run.lines.emplace_back(line.toStdString()).c_str());
     return run;
 }
 
@@ -100,9 +98,12 @@ class StationInTempDir : public ::testing::Test
 {
 protected:
     // Starts socat with a raw pseudo-terminal pair whose ends are the links a and b of the program
-    // directory; true once both exist. The pair goes with the station.
-    bool startPtyPair(const QString& a, const QString& b)
+    // directory, a the station's port `port` in PORTS.TXT; true once both exist. The pair goes with
+    // the station.
+    bool startPtyPair(int port, const QString& a, const QString& b)
     {
+        ports += std::to_string(port) + " " + dir.filePath(a).toStdString() + "\n";
+        writeFile(dir.filePath("PORTS.TXT"), ports);
         QProcess& socat = *pairs.emplace_back(std::make_unique<QProcess>());
         socat.start(QStringLiteral(ZANDOLT_SOCAT),
                     {"pty,raw,echo=0,link=" + dir.filePath(a), "pty,raw,echo=0,link=" + dir.filePath(b)});
@@ -131,6 +132,7 @@ protected:
         app->nameForm().Load();
     }
 
+    void TearDown() override { stopStation(); }
     void stopStation()
     {
         closer.stop();
@@ -151,6 +153,7 @@ protected:
     QTimer closer;
     std::vector<std::string> messages;
     std::vector<std::unique_ptr<QProcess>> pairs;
+    std::string ports;
 };
 
 } // namespace zandolt::qt

@@ -27,11 +27,8 @@ class ReaderOverPty : public StationInTempDir, public ::testing::WithParamInterf
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(dir.isValid());
-        ASSERT_TRUE(startPtyPair("ttyStation", "ttyTester"));
-        ASSERT_TRUE(startPtyPair("ttyStationReader", "ttyReader"));
-        writeFile(dir.filePath("PORTS.TXT"), "1 " + dir.filePath("ttyStation").toStdString() + "\n2 " +
-                                                 dir.filePath("ttyStationReader").toStdString() + "\n");
+        ASSERT_TRUE(startPtyPair(1, "ttyStation", "ttyTester"));
+        ASSERT_TRUE(startPtyPair(2, "ttyStationReader", "ttyReader"));
 
         // Badges identify; the reader's card numbers are 16 bits from the first; new rows go to the
         // work group NEW with both straps on the tester's limits.
@@ -55,8 +52,6 @@ protected:
         startStation();
         ASSERT_TRUE(app->nameForm().ProxComm().isOpen()) << "the reader port did not open";
     }
-
-    void TearDown() override { stopStation(); }
 
     // The reader presents a card: "card=N" for the card readers, the text itself for RS232. The
     // emulator stays a little, so that the station reads the card before the line goes.

@@ -40,16 +40,14 @@ class StationOverPty : public StationInTempDir
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(dir.isValid());
-        ASSERT_TRUE(startPtyPair("ttyStation", "ttyTester"));
-        // The demo station, but on the real tester port 1, which the port map puts on the pair.
+        ASSERT_TRUE(startPtyPair(1, "ttyStation", "ttyTester"));
+        // The demo station, but on the real tester port 1.
         std::string ini = readFile(QStringLiteral(ZANDOLT_SOURCE_DIR "/resources/demo/ZANDOLT.INI"));
         const size_t simulation = ini.find("-1, Simulation");
         ASSERT_NE(simulation, std::string::npos);
         ini.replace(simulation, 2, " 0");
         ASSERT_NE(ini.find(" 1, #ComboComport"), std::string::npos);
         writeFile(dir.filePath("ZANDOLT.INI"), ini);
-        writeFile(dir.filePath("PORTS.TXT"), "1 " + dir.filePath("ttyStation").toStdString() + "\n");
         writeFile(dir.filePath("NAMES.TXT"), JaneNames("QA-4711"));
         startStation();
         ASSERT_TRUE(app->nameForm().Comm1().isOpen()) << "the tester port did not open";
