@@ -1,6 +1,5 @@
-// The log merge: two logs merged case by case as the rules order the lines; the option text that
-// chooses between a merge of named files and the network run; the network run over station
-// directories on this machine, every file checked afterwards; and the leftovers of a run that
+// The log merge: two logs merged case by case, the option text, the network run over station
+// directories on this machine with every file checked afterwards, and the leftovers of a run that
 // stopped half-way, which the next run finishes without losing a line or merging one twice.
 #include "automation/log_merge.h"
 #include "automation/log_merge_journal.h"

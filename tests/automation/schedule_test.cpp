@@ -1,7 +1,5 @@
-// The schedule: GENREPORTS.TXT read into the schedule table and rendered back into the editor's
-// columns, and the schedule window as a supervisor edits in it (the attachment boxes, the undo
-// ring, saving, the password in front of Pause, Cancel and the menu entry, the start with the
-// station).
+// GENREPORTS.TXT read into the schedule table and rendered back into the editor's columns, and the
+// schedule window as a supervisor edits in it and starts, pauses and closes it.
 #include "automation/auto_frm.h"
 #include "automation/schedule_table.h"
 #include "data/dates.h"

@@ -2,9 +2,7 @@
 // station's own log writer, while the monthly report is made of the same log again and again by
 // the report command line: no line is lost, doubled, cut or mixed with another, and every report
 // is either whole, with nothing but whole lines in it, or its run took the report's error path.
-//
-// ZANDOLT_STATIONS (1 to 9) and ZANDOLT_STATION_LINES (1 to 99999) make the run larger; the test
-// prints its figures.
+// ZANDOLT_STATIONS (1 to 9) and ZANDOLT_STATION_LINES (1 to 99999) make the run larger.
 #include "child_process.h"
 #include "data/text_lines.h"
 #include "support/station_fixture.h"

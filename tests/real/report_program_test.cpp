@@ -1,8 +1,6 @@
-// The built zandolt-report on small hand-made directories, under the C locale: a station's reports
-// (the files written, the paths printed, the station's messages on standard error, the exit codes),
-// the schedule without a desk (its check, a week on the virtual clock with one line per job, the
-// exit status where the window's runner would fall back, the speed of a day, a stop by SIGTERM),
-// and the site's jobs on a server directory with two stations.
+// The built zandolt-report on small hand-made directories, under the C locale: a station's reports,
+// the schedule without a desk, and the site's jobs on a server directory with two stations; what
+// each writes and prints, its messages on standard error, and its exit codes.
 #include "child_process.h"
 #include "data/text_lines.h"
 #include "support/station_fixture.h"

@@ -167,12 +167,9 @@ TEST_F(RealMail, ASmallReportsPartsArriveInItsCharsetOnceForEachAddress)
 TEST_F(RealMail, ReportsSplitAtTheirThresholdsAndAreCutAboveTwoMillion)
 {
     writeCsv("a,b\r\n");
-    for (const auto& [size, masks] : std::vector<std::pair<size_t, std::vector<int>>>{{330000, {7}},
-                                                                                      {330001, {7}},
-                                                                                      {1000000, {3, 5, 6}},
-                                                                                      {1000001, {3, 5, 6}},
-                                                                                      {2000000, {1}},
-                                                                                      {2000001, {1}}}) {
+    const std::pair<size_t, std::vector<int>> sends[] = {{330000, {7}},        {330001, {7}},  {1000000, {3, 5, 6}},
+                                                         {1000001, {3, 5, 6}}, {2000000, {1}}, {2000001, {1}}};
+    for (const auto& [size, masks] : sends) {
         WriteTextFile(txt, report(size));
         for (int mask : masks)
             send(mask);
