@@ -36,6 +36,8 @@ const SaveCase Cases[] = {
     {"Names", {"NAMES.TXT"}, {"names", "first"}, {"names", "second"}, 5000, 0},
     // A company name of 1 MiB.
     {"Settings", {"ZANDOLT.INI"}, {"ini", "1"}, {"ini", "2"}, 20, 0},
+    // The schedule window's text of 1 MiB.
+    {"Schedule", {"GENREPORTS.TXT"}, {"schedule", "1"}, {"schedule", "2"}, 20, 0},
     // 0.8 MB built in memory and replaced whole: October has no test, November's grid has them.
     {"MonthlyReport",
      {"REPORT.TXT", "REPORT.CSV"},
