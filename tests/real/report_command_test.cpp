@@ -135,9 +135,6 @@ TEST_F(ReportRun, AbsentOptionsTakeThePresentMomentAndMeanEverything)
     EXPECT_EQ(seen.ExceptionStopTime, 86399);
     // The station's start-up read the table from the directory.
     EXPECT_EQ(app_->EmployeeCount, 3);
-    // The two files' full paths, one a line.
-    EXPECT_EQ(out.str(), path("REPORT.TXT") + "\n" + path("REPORT.CSV") + "\n");
-    EXPECT_EQ(read("REPORT.TXT"), "t\r\n");
     // A single blank is the station's way of saying every group.
     ASSERT_EQ(run({"monthly", "--group", " "}), ReportDone);
     EXPECT_EQ(seen.ReportWorkGroup, "");
