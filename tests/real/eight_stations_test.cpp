@@ -144,8 +144,6 @@ TEST(EightStations, AppendWholeLinesEachOnceWhileTheMonthlyReportReadsTheLog)
                 "times beside them, %d of them on the error path, %.0f ms on average, %.0f ms at most\n",
                 stations, perStation, seconds, stations * perStation / seconds, runs, failed,
                 reportSeconds / runs * 1000, slowest * 1000);
-    RecordProperty("append_seconds", std::to_string(seconds));
-    RecordProperty("report_runs", std::to_string(runs));
 }
 
 } // namespace
