@@ -54,6 +54,12 @@ const SaveCase Cases[] = {
      30000},
 };
 
+// The case's name, which the test's name carries.
+void PrintTo(const SaveCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
 constexpr int Kills = 100;
 
 class KillSave : public ::testing::TestWithParam<SaveCase>
