@@ -102,14 +102,12 @@ TEST(ScheduleFile, TheRenderingPutsEachFieldInItsColumn)
 {
     const Read r = read("; morning reports for the quality lead\r\n"
                         "MoTuWeThFr     07:30 Exception   ALL      qa-lead;floor-mgr\r\n"
-                        "MoTuWeThFr     07:35 2Exception  Assembly qa-lead       06/12/2026 07:35\r\n"
-                        "Fi             00:00 Vacation    ALL      no\r\n");
+                        "MoTuWeThFr     07:35 2Exception  Assembly qa-lead       06/12/2026 07:35\r\n");
     ASSERT_EQ(r.end, ScheduleReadEnd::Whole);
     EXPECT_EQ(RenderSchedule(r.table, Locale),
               "; morning reports for the quality lead\r\n"
               "MoTuWeThFr     07:30 Exception   ALL      qa-lead;floor-mgr \r\n"
-              "MoTuWeThFr     07:35 2Exception  Assembly qa-lead       6/12/2026 07:35\r\n"
-              "Fi             00:00 Vacation    ALL      no \r\n");
+              "MoTuWeThFr     07:35 2Exception  Assembly qa-lead       6/12/2026 07:35\r\n");
 
     // A line without a report has no name and blank defaults; a minute above 59 carries into the
     // hour; a stamp's time that is no time stands as it is, and one that is 0 is no stamp.
