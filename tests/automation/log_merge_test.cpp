@@ -1,7 +1,8 @@
-// The merge of two logs, case by case as the rules order the lines, and the option text that
-// chooses between a merge of named files and the network run.
-#include "automation/log_lines.h"
+// The log merge: two logs merged case by case, the option text, the network run over station
+// directories on this machine with every file checked afterwards, and the leftovers of a run that
+// stopped half-way, which the next run finishes without losing a line or merging one twice.
 #include "automation/log_merge.h"
+#include "automation/log_merge_journal.h"
 #include "automation/log_merge_rule.h"
 #include "automation/log_sort_options.h"
 #include "support/station_fixture.h"
@@ -9,106 +10,105 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <filesystem>
+#include <functional>
+#include <initializer_list>
 
 namespace zandolt::testing {
 namespace {
 
-// A log line of the station's format, for a name, a date (mm-dd-yyyy) and a time.
+// A log line of the station's format for a name, a date (mm-dd-yyyy) and a time.
+std::string LogLineAt(const std::string& name, const std::string& date, const std::string& time)
+{
+    std::string line = name;
+    line.resize(20, ' ');
+    return line + ", 4711               , " + date + ", " + time + ", Wok, Lok, Rok, 01.00, 02.00, 03.00";
+}
+
+// The lines, each ended by CR LF.
+std::string LogText(std::initializer_list<std::string> lines)
+{
+    std::string text;
+    for (const std::string& l : lines)
+        text += l + "\r\n";
+    return text;
+}
+
+// Tests of three people on 14 and 15 March 2026, named by their initial and hour.
+const std::string a8 = LogLineAt("Doe, Jane", "03-15-2026", "08:00:00"),
+                  a9 = LogLineAt("Doe, Jane", "03-15-2026", "09:00:00"),
+                  a10 = LogLineAt("Doe, Jane", "03-15-2026", "10:00:00");
+const std::string b830 = LogLineAt("Roe, Rick", "03-15-2026", "08:30:00"),
+                  b9 = LogLineAt("Roe, Rick", "03-15-2026", "09:00:00"),
+                  b930 = LogLineAt("Roe, Rick", "03-15-2026", "09:30:00");
+const std::string s1 = LogLineAt("Poe, Ed", "03-14-2026", "07:00:00"),
+                  s2 = LogLineAt("Poe, Ed", "03-15-2026", "08:15:00");
 
 class MergeTwoFilesTest : public StationTest
 {
 protected:
-    // Merges IN1 and IN2 into OUT; the output, or "(none)".
+    // Merges IN1 and IN2 into OUT; the output.
     std::string merge(const std::string& in1, const std::string& in2)
     {
         write("IN1.TXT", in1);
         write("IN2.TXT", in2);
-        merged = MergeLogFiles(*app_, "IN1.TXT", "IN2.TXT", "OUT.TXT", counts);
-        return exists("OUT.TXT") ? read("OUT.TXT") : "(none)";
+        EXPECT_TRUE(MergeLogFiles(*app_, "IN1.TXT", "IN2.TXT", "OUT.TXT", counts));
+        return read("OUT.TXT");
     }
-    void expectCounts(std::int64_t read1, std::int64_t read2, std::int64_t written, bool duplicates)
+    // "read1 read2 written", and " duplicates" when some were removed.
+    std::string counted() const
     {
-        EXPECT_TRUE(merged);
-        EXPECT_EQ(counts.read1, read1);
-        EXPECT_EQ(counts.read2, read2);
-        EXPECT_EQ(counts.written, written);
-        EXPECT_EQ(counts.duplicates, duplicates);
+        return std::to_string(counts.read1) + " " + std::to_string(counts.read2) + " " +
+               std::to_string(counts.written) + (counts.duplicates ? " duplicates" : "");
     }
 
     LogMergeCounts counts;
-    bool merged = false;
-    const std::string a8 = LogLineAt("Doe, Jane", "03-15-2026", "08:00:00"),
-                      a9 = LogLineAt("Doe, Jane", "03-15-2026", "09:00:00"),
-                      a10 = LogLineAt("Doe, Jane", "03-15-2026", "10:00:00");
-    const std::string b830 = LogLineAt("Roe, Rick", "03-15-2026", "08:30:00"),
-                      b930 = LogLineAt("Roe, Rick", "03-15-2026", "09:30:00"),
-                      b9 = LogLineAt("Roe, Rick", "03-15-2026", "09:00:00");
 };
 
-TEST_F(MergeTwoFilesTest, TwoLogsOfOneDayInterleaveByTheTime)
-{
-    // 08:00 < 08:30 writes line 1; 09:00 >= 08:30 in the same year writes line 2; and so on.
-    EXPECT_EQ(merge(LogText({a8, a9, a10}), LogText({b830, b930})), LogText({a8, b830, a9, b930, a10}));
-    expectCounts(3, 2, 5, false);
-}
-
-TEST_F(MergeTwoFilesTest, TheYearPutsDecemberFirstOnlyWhenDecemberIsLineOne)
+TEST_F(MergeTwoFilesTest, EachCaseComesOutAsTheRulesOrderTheLines)
 {
     const std::string dec = LogLineAt("Doe, Jane", "12-31-2025", "23:00:00"),
-                      jan = LogLineAt("Roe, Rick", "01-01-2026", "00:10:00");
-    // "12-31-2025..." is above "01-01-2026..." as text, but the year 2025 is below 2026: line 1.
-    EXPECT_EQ(merge(LogText({dec}), LogText({jan})), LogText({dec, jan}));
-    // The other way round the keys alone decide, and January goes out before December.
-    EXPECT_EQ(merge(LogText({jan}), LogText({dec})), LogText({jan, dec}));
-}
-
-TEST_F(MergeTwoFilesTest, AShortKeyOrAYearOutsideTheRangeComparesByKeyAlone)
-{
-    // A key of ten characters has no year: "12-31-2025" is above "01-01-2026, ..." and line 2 goes
-    // first, where the full key would have put December first.
-    const std::string shortKey = "Doe, Jane, 4711, 12-31-2025", jan = LogLineAt("Roe, Rick", "01-01-2026", "00:10:00");
-    EXPECT_EQ(merge(LogText({shortKey}), LogText({jan})), LogText({jan, shortKey}));
-    // "2x26" lies between "1980" and "3000" by character codes, so the years count: "2x26" below
-    // "2x27" writes line 1 although its key is the larger.
-    const std::string x26 = LogLineAt("Doe, Jane", "12-31-2x26", "23:00:00"),
-                      x27 = LogLineAt("Roe, Rick", "01-01-2x27", "00:10:00");
-    EXPECT_EQ(merge(LogText({x26}), LogText({x27})), LogText({x26, x27}));
-    // "0226" lies below "1980": no years, and the larger key goes second.
-    const std::string y0226 = LogLineAt("Doe, Jane", "12-31-0226", "23:00:00");
-    EXPECT_EQ(merge(LogText({y0226}), LogText({x27})), LogText({x27, y0226}));
-}
-
-TEST_F(MergeTwoFilesTest, OnlyARepeatOfTheLineWrittenJustBeforeIsDropped)
-{
-    // a8 twice in a row: the second is dropped. a10 in both files meet: equal keys write line 2,
-    // and line 1 then repeats it. The a8 at the end of input 2 is no neighbour of the first and
-    // stays.
-    EXPECT_EQ(merge(LogText({a8, a8, a10}), LogText({b9, a10, a8})), LogText({a8, b9, a10, a8}));
-    expectCounts(3, 3, 4, true);
-}
-
-TEST_F(MergeTwoFilesTest, AnEmptySecondInputCopiesTheFirstWithoutItsRepeatsAndEmptyLines)
-{
-    EXPECT_EQ(merge(LogText({a8, a8, "", a9}), ""), LogText({a8, a9}));
-    expectCounts(4, 0, 2, true);
-}
-
-TEST_F(MergeTwoFilesTest, AFileMergedWithItselfGivesEachLineOnce)
-{
-    const std::string log = LogText({a8, b9, a10});
-    EXPECT_EQ(merge(log, log), log);
-    expectCounts(3, 3, 3, true);
-}
-
-TEST_F(MergeTwoFilesTest, ALineWithAnEmptyKeyIsWrittenWhereItIsMetAndTheMergeEnds)
-{
-    // Behind its third comma the line has only a blank: no order against b9 exists, and the line
-    // goes out as soon as it is in hand.
-    const std::string noKey = "Doe, Jane, 4711, ";
-    EXPECT_EQ(merge(LogText({a8, noKey, a10}), LogText({b9})), LogText({a8, noKey, b9, a10}));
-    expectCounts(3, 1, 4, false);
-    // Both keys empty: line 1 first.
-    EXPECT_EQ(merge(LogText({"a, b, c,"}), LogText({"d, e, f, "})), LogText({"a, b, c,", "d, e, f, "}));
+                      jan = LogLineAt("Roe, Rick", "01-01-2026", "00:10:00"),
+                      x26 = LogLineAt("Doe, Jane", "12-31-2x26", "23:00:00"),
+                      x27 = LogLineAt("Roe, Rick", "01-01-2x27", "00:10:00"),
+                      y0226 = LogLineAt("Doe, Jane", "12-31-0226", "23:00:00"),
+                      shortKey = "Doe, Jane, 4711, 12-31-2025", noKey = "Doe, Jane, 4711, ";
+    const struct
+    {
+        std::string in1, in2, out, counts;
+    } cases[] = {
+        // 08:00 < 08:30 writes line 1; 09:00 >= 08:30 in the same year writes line 2; and so on.
+        {LogText({a8, a9, a10}), LogText({b830, b930}), LogText({a8, b830, a9, b930, a10}), "3 2 5"},
+        // "12-31-2025..." is above "01-01-2026..." as text, but the year 2025 is below 2026: line 1.
+        // The other way round the keys alone decide, and January goes out before December.
+        {LogText({dec}), LogText({jan}), LogText({dec, jan}), "1 1 2"},
+        {LogText({jan}), LogText({dec}), LogText({jan, dec}), "1 1 2"},
+        // A key of ten characters has no year: "12-31-2025" is above "01-01-2026, ..." and line 2
+        // goes first, where the full key would have put December first.
+        {LogText({shortKey}), LogText({jan}), LogText({jan, shortKey}), "1 1 2"},
+        // "2x26" lies between "1980" and "3000" by character codes, so the years count: "2x26" below
+        // "2x27" writes line 1 although its key is the larger. "0226" lies below "1980": no years,
+        // and the larger key goes second.
+        {LogText({x26}), LogText({x27}), LogText({x26, x27}), "1 1 2"},
+        {LogText({y0226}), LogText({x27}), LogText({x27, y0226}), "1 1 2"},
+        // Only a repeat of the line written just before is dropped: a8 twice in a row; a10 in both
+        // files meet, equal keys write line 2 and line 1 then repeats it. The a8 at the end of
+        // input 2 is no neighbour of the first and stays.
+        {LogText({a8, a8, a10}), LogText({b9, a10, a8}), LogText({a8, b9, a10, a8}), "3 3 4 duplicates"},
+        // An empty second input: the first without its repeats and empty lines.
+        {LogText({a8, a8, "", a9}), "", LogText({a8, a9}), "4 0 2 duplicates"},
+        // A file merged with itself gives each line once.
+        {LogText({a8, b9, a10}), LogText({a8, b9, a10}), LogText({a8, b9, a10}), "3 3 3 duplicates"},
+        // Behind its third comma the line has only a blank: no order against b9 exists, and the line
+        // goes out as soon as it is in hand. Both keys empty: line 1 first.
+        {LogText({a8, noKey, a10}), LogText({b9}), LogText({a8, noKey, b9, a10}), "3 1 4"},
+        {LogText({"a, b, c,"}), LogText({"d, e, f, "}), LogText({"a, b, c,", "d, e, f, "}), "1 1 2"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.in1 + "and\n" + c.in2);
+        EXPECT_EQ(merge(c.in1, c.in2), c.out);
+        EXPECT_EQ(counted(), c.counts);
+    }
 }
 
 TEST(LogSortOptionsTest, AThirdWordCountsOnlyWithAFourthBehindIt)
@@ -138,6 +138,256 @@ TEST(LogSortOptionsTest, AThirdWordCountsOnlyWithAFourthBehindIt)
         EXPECT_EQ(o.closeWhenDone, c.close) << c.text;
         EXPECT_EQ(o.help, c.help) << c.text;
     }
+}
+
+// The program's files with a hook in front of renames, appends and the writes of a replacement,
+// which can refuse one or do what a station does meanwhile.
+class HookedFiles : public headless::FaultyFiles
+{
+public:
+    explicit HookedFiles(headless::FaultyDisk& disk) : FaultyFiles(disk), disk_(disk) {}
+    std::function<bool(const std::string& op, const std::string& path)> before;
+
+    // A write the hook refuses fails as on a full disk, and with it the replacement.
+    FileResult openReplace(const std::string& p, std::unique_ptr<FileWriter>& writer) override
+    {
+        if (before && !before("write", p))
+            disk_.failWriteAfter(0);
+        return FaultyFiles::openReplace(p, writer);
+    }
+    bool rename(const std::string& a, const std::string& b) override
+    {
+        return (!before || before("rename", a)) && FaultyFiles::rename(a, b);
+    }
+    FileResult append(const std::string& p, const std::string& data) override
+    {
+        return before && !before("append", p) ? FileResult::Failed : FaultyFiles::append(p, data);
+    }
+
+private:
+    headless::FaultyDisk& disk_;
+};
+
+class NetworkMerge : public StationTest
+{
+protected:
+    NetworkMerge() : files(backend_->realFiles)
+    {
+        app_ = std::make_unique<App>(Services{ui(), backend_->clock, backend_->serial, backend_->printer, files,
+                                              backend_->programs, backend_->locale, backend_->mail});
+        app_->LogSortDefaults = "/i /c";
+        for (const char* name : {"st1", "st2", "st3", "empty", "subdirs", "subdirs/inner"})
+            std::filesystem::create_directory(station(name));
+        WriteTextFile(station("st3") + "/ZANDOLT.INI", "");
+        // Both kinds of separator at the end, an empty line and a line of a lone carriage return.
+        write("NetList.txt", station("st1") + "\\\r\n" + station("st2") + "/\r\n\r\n\r" + station("st3") + "\n" +
+                                 station("empty") + "\r\n" + station("missing") + "\r\n" + station("subdirs") + "\r\n");
+    }
+
+    std::string station(const std::string& name) const { return stations_.path() + "/" + name; }
+    std::string stationFile(const std::string& name) const { return ReadTextFile(station(name)); }
+    std::vector<std::string> prompts()
+    {
+        std::vector<std::string> p;
+        for (const auto& m : ui().messages())
+            p.push_back(m.prompt);
+        return p;
+    }
+    // No journal and no output of a merge is left in the server's directory.
+    void expectNoLeftovers()
+    {
+        for (const auto& e : std::filesystem::directory_iterator(dir_.path())) {
+            const std::string name = e.path().filename().string();
+            EXPECT_TRUE(name[0] != '.' && name != LogMergeJournal::FileName) << name;
+        }
+    }
+
+    TempDir stations_;
+    HookedFiles files;
+};
+
+TEST_F(NetworkMerge, EachReachableStationIsMergedInTurnAndDrainedIntoItsHistory)
+{
+    write("log.txt", LogText({s1, s2}));
+    write("logbak1.txt", "bak1\r\n");
+    WriteTextFile(station("st1/Log.txt"), LogText({a8, a9}));
+    WriteTextFile(station("st1/LogHist.txt"), "old\r\n");
+    // The station's log under another spelling, its last line cut short.
+    WriteTextFile(station("st2/LOG.TXT"), LogText({b830}) + b930);
+    RunLogMerge(*app_);
+
+    // st1 first: s1 (03-14) < a8; s2 (08:15) >= a8 (08:00); s2 < a9. Then st2 into that.
+    EXPECT_EQ(read("log1.txt"), LogText({s1, a8, s2, a9}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, s2, b830, a9, b930}));
+    EXPECT_EQ(read("logbak1.txt"), LogText({s1, s2}));
+    EXPECT_EQ(read("logbak2.txt"), "bak1\r\n");
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + LogText({a8, a9}));
+    EXPECT_EQ(stationFile("st2/LogHist.txt"), LogText({b830, b930}));
+    EXPECT_FALSE(FileExists(station("st1/Log.txt")));
+    EXPECT_FALSE(FileExists(station("st2/LOG.TXT")));
+    EXPECT_EQ(stationFile("st3/ZANDOLT.INI"), "");
+    EXPECT_TRUE(prompts().empty()); // "/i": the stations out of reach pass silently
+    EXPECT_FALSE(app_->isLoaded(reinterpret_cast<Form*>(&app_->logSortForm())));
+    expectNoLeftovers();
+}
+
+TEST_F(NetworkMerge, WithoutAServerLogTheFirstStationsLogIsTakenAsItStands)
+{
+    app_->LogSortDefaults = "/c";
+    WriteTextFile(station("st1/Log.txt"), LogText({a8, a8, a9}));
+    WriteTextFile(station("st2/Log.txt"), LogText({b830, b930}));
+    RunLogMerge(*app_);
+
+    // The copy keeps the repeated line; the merge with st2 drops it as a neighbour.
+    EXPECT_EQ(read("log1.txt"), LogText({a8, a8, a9}));
+    EXPECT_EQ(read("log.txt"), LogText({a8, b830, a9, b930}));
+    EXPECT_FALSE(exists("logbak1.txt"));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8, a8, a9}));
+    // Without "/i" each station out of reach is named: empty, missing, and one of folders only.
+    const std::string after = " can not be accessed.  Please check the network connections";
+    EXPECT_EQ(prompts(), (std::vector<std::string>{station("empty") + after, station("missing") + after,
+                                                   station("subdirs") + after}));
+    expectNoLeftovers();
+}
+
+TEST_F(NetworkMerge, AMergeThatWroteNothingRestoresTheOldLogAndLeavesTheStationAlone)
+{
+    app_->LogSortDefaults = "/c";
+    write("log.txt", LogText({s1}));
+    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
+    // The output is begun, but its lines cannot be written.
+    files.before = [](const std::string& op, const std::string& p) {
+        return !(op == "write" && p.ends_with(LogMergeJournal::MergedName));
+    };
+    RunLogMerge(*app_);
+    EXPECT_EQ(prompts().at(0), " The sort did not produce a log.txt file, so will revert to old one.");
+    EXPECT_EQ(read("log.txt"), LogText({s1}));
+    EXPECT_EQ(read("log1.txt"), LogText({s1}));
+    EXPECT_EQ(stationFile("st1/Log.txt"), LogText({a8}));
+    EXPECT_FALSE(FileExists(station("st1/LogHist.txt")));
+    expectNoLeftovers();
+}
+
+TEST_F(NetworkMerge, WithoutNetListAndWithoutTheFourMountsOnlyTheBackupsRotate)
+{
+    for (const char* mount : {"/mnt/i", "/mnt/j", "/mnt/k", "/mnt/l"})
+        if (std::filesystem::exists(mount))
+            GTEST_SKIP() << mount << " exists on this machine";
+    std::filesystem::remove(path("NetList.txt"));
+    write("log.txt", LogText({s1}));
+    write("logbak1.txt", "bak1\r\n");
+    app_->LogSortDefaults = "/c";
+    RunLogMerge(*app_);
+    EXPECT_EQ(read("logbak2.txt"), "bak1\r\n");
+    EXPECT_EQ(read("logbak1.txt"), LogText({s1}));
+    EXPECT_EQ(read("log.txt"), LogText({s1}));
+    EXPECT_FALSE(exists("log1.txt"));
+    const std::string after = " can not be accessed.  Please check the network connections";
+    EXPECT_EQ(prompts(),
+              (std::vector<std::string>{"/mnt/i/" + after, "/mnt/j/" + after, "/mnt/k/" + after, "/mnt/l/" + after}));
+}
+
+// ---- a run that stopped half-way, and the next one
+
+TEST_F(NetworkMerge, AnOutputPromisedButNotYetInPlaceIsPutThereAndItsStationOnlyDrained)
+{
+    write("log.txt", LogText({s1}));
+    write("." + std::string(LogMergeJournal::MergedName) + ".new.999999.1", "half of an earlier output");
+    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
+    WriteTextFile(station("st2/Log.txt"), LogText({b830}));
+    // The run stops where the merged output of st1 is promised in the journal but not yet renamed.
+    files.before = [](const std::string& op, const std::string& p) {
+        return !(op == "rename" && p.ends_with(LogMergeJournal::MergedName));
+    };
+    RunLogMerge(*app_);
+    EXPECT_EQ(prompts().at(0), "LogSort stopped: could not rename .log.txt.merged");
+    EXPECT_FALSE(exists("log.txt"));
+    EXPECT_EQ(stationFile("st1/Log.txt"), LogText({a8}));
+
+    files.before = nullptr;
+    RunLogMerge(*app_);
+    // a8 once: st1 is drained, not merged again.
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, b830}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8}));
+    EXPECT_FALSE(FileExists(station("st1/Log.txt")));
+    EXPECT_FALSE(FileExists(station("st2/Log.txt")));
+    expectNoLeftovers();
+}
+
+TEST_F(NetworkMerge, AServerLogRenamedAwayIsBroughtBackBeforeAnythingElse)
+{
+    // Stopped between the rename of log.txt to log1.txt and the end of the merge.
+    write("log1.txt", LogText({s1, s2}));
+    write("." + std::string(LogMergeJournal::MergedName) + ".new.999999.1", s1);
+    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
+    RunLogMerge(*app_);
+    EXPECT_EQ(read("logbak1.txt"), LogText({s1, s2}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, s2}));
+    expectNoLeftovers();
+}
+
+TEST_F(NetworkMerge, ADrainCutShortGoesOnWhereTheHistoryEnds)
+{
+    write("log.txt", LogText({s1}));
+    WriteTextFile(station("st1/LogHist.txt"), "old\r\n");
+    const std::string taken = LogText({a8}) + a9; // its last line cut short
+    WriteTextFile(station("st1/Log.txt"), taken);
+    files.before = [](const std::string& op, const std::string& p) {
+        return !(op == "append" && p.ends_with("LogHist.txt"));
+    };
+    RunLogMerge(*app_);
+    EXPECT_EQ(prompts().at(0), "LogSort stopped: could not append to " + station("st1") + "/LogHist.txt");
+    // What a killed append leaves: the first bytes of the lines.
+    WriteTextFile(station("st1/LogHist.txt"), "old\r\n" + taken.substr(0, 30));
+
+    files.before = nullptr;
+    RunLogMerge(*app_);
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + LogText({a8, a9}));
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, a9}));
+    EXPECT_FALSE(FileExists(station("st1/Log.txt")));
+    expectNoLeftovers();
+}
+
+TEST_F(NetworkMerge, AStationThatTestsDuringTheMergeKeepsItsNewLinesForTheNextRun)
+{
+    write("log.txt", LogText({s1}));
+    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
+    bool tested = false;
+    files.before = [&](const std::string& op, const std::string& p) {
+        if (op == "append" && p.ends_with("LogHist.txt") && !tested) {
+            tested = true;
+            WriteTextFile(station("st1/Log.txt"), LogText({a8, a9}));
+        }
+        return true;
+    };
+    RunLogMerge(*app_);
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8}));
+    EXPECT_EQ(stationFile("st1/Log.txt"), LogText({a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8}));
+
+    RunLogMerge(*app_);
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8, a9}));
+    EXPECT_FALSE(FileExists(station("st1/Log.txt")));
+    expectNoLeftovers();
+
+    // Kept again, and then the station's log is begun anew with a line of the same length: the
+    // fingerprint tells it from the one the merge took, and all of it is merged.
+    const std::string c1 = LogLineAt("Doe, Jane", "03-16-2026", "08:00:00"),
+                      c2 = LogLineAt("Doe, Jane", "03-16-2026", "09:00:00"),
+                      c3 = LogLineAt("Doe, Jane", "03-16-2026", "10:00:00");
+    WriteTextFile(station("st1/Log.txt"), LogText({c1}));
+    files.before = [&](const std::string& op, const std::string& p) {
+        if (op == "append" && p.ends_with("LogHist.txt"))
+            WriteTextFile(station("st1/Log.txt"), LogText({c1, c2}));
+        return true;
+    };
+    RunLogMerge(*app_);
+    WriteTextFile(station("st1/Log.txt"), LogText({c3}));
+    files.before = nullptr;
+    RunLogMerge(*app_);
+    EXPECT_EQ(read("log.txt"), LogText({s1, a8, a9, c1, c3}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8, a9, c1, c3}));
 }
 
 } // namespace

@@ -10,19 +10,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 
 namespace zandolt::testing {
 namespace {
 
-const std::string A372(372, 'A');
-
 // The rest of a names line behind its ID's comma, leading blank included.
 std::string restOf(const std::string& flag, const std::string& wristMin = "-1.00")
 {
-    return " " + wristMin + ", -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2027, " + A372 +
-           ", 0, pw, " + flag;
+    return " " + wristMin + ", -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2027, " +
+           std::string(372, 'A') + ", 0, pw, " + flag;
 }
 
 std::string row(const std::string& last, const std::string& first, const std::string& id, const std::string& flag,
@@ -40,25 +39,20 @@ std::string padded(std::string rest)
 std::string merged(const std::string& last, const std::string& first, const std::string& id, const std::string& rest)
 {
     std::string line = last + ", " + first + ", ";
-    if (line.size() < 21)
-        line.resize(21, ' ');
+    line.resize(std::max<size_t>(line.size(), 21), ' ');
     return line + id + ", " + padded(rest);
 }
 
-std::string file(const std::string& header, std::initializer_list<std::string> rows)
+// Rows under the two header lines a person writes, or under the program's own.
+std::string input(std::initializer_list<std::string> rows, std::string text = "# one\r\n# two\r\n")
 {
-    std::string text = header;
     for (const std::string& r : rows)
         text += r + "\r\n";
     return text;
 }
-std::string input(std::initializer_list<std::string> rows)
-{
-    return file("# one\r\n# two\r\n", rows);
-}
 std::string written(std::initializer_list<std::string> rows)
 {
-    return file(std::string(NamesHeaderLine1) + "\r\n" + NamesHeaderLine2 + "\r\n", rows);
+    return input(rows, std::string(NamesHeaderLine1) + "\r\n" + NamesHeaderLine2 + "\r\n");
 }
 
 class Consolidation : public StationTest

@@ -2,26 +2,21 @@
 // the file is afterwards the old one or the new one, byte for byte, a killed save leaves no more
 // than its own temporary files, and the next save that runs to its end succeeds and leaves no
 // stray file at all.
+#include "child_process.h"
 #include "support/station_fixture.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
+#include <iterator>
 #include <random>
 #include <set>
-#include <spawn.h>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
-
-extern char** environ;
 
 namespace zandolt::testing {
 namespace {
@@ -41,6 +36,8 @@ const SaveCase Cases[] = {
     {"Names", {"NAMES.TXT"}, {"names", "first"}, {"names", "second"}, 5000, 0},
     // A company name of 1 MiB.
     {"Settings", {"ZANDOLT.INI"}, {"ini", "1"}, {"ini", "2"}, 20, 0},
+    // The schedule window's text of 1 MiB.
+    {"Schedule", {"GENREPORTS.TXT"}, {"schedule", "1"}, {"schedule", "2"}, 20, 0},
     // 0.8 MB built in memory and replaced whole: October has no test, November's grid has them.
     {"MonthlyReport",
      {"REPORT.TXT", "REPORT.CSV"},
@@ -57,6 +54,7 @@ const SaveCase Cases[] = {
      30000},
 };
 
+// The case's name, which the test's name carries.
 void PrintTo(const SaveCase& c, std::ostream* os)
 {
     *os << c.name;
@@ -64,101 +62,47 @@ void PrintTo(const SaveCase& c, std::ostream* os)
 
 constexpr int Kills = 100;
 
-// Employees Worker0000 and on, each tested in turn on the 19th and the 20th of November 2026.
-void makeSite(const std::string& dir, int employees, int linesPerDay)
-{
-    WriteTextFile(dir + "/ZANDOLT.INI", ReadTextFile(ZANDOLT_SOURCE_DIR "/resources/demo/ZANDOLT.INI"));
-    const std::string available(372, 'A');
-    std::string names = "# names\r\n# of the kill test\r\n";
-    char line[160];
-    for (int e = 0; e < employees; ++e) {
-        std::snprintf(line, sizeof line, "Worker%04d, Kim, G%d-%04d, -1.00, -1.00, -1.00, -1.00, -1, -1, A, ", e, e % 7,
-                      e);
-        names += line;
-        names += "01/05/2026, 01/05/2026, 1, 12/31/2027, " + available + ", 0, , 0\r\n";
-    }
-    WriteTextFile(dir + "/NAMES.TXT", names);
-    std::string log;
-    for (int day : {19, 20})
-        for (int n = 0; n < linesPerDay; ++n) {
-            const int e = n % employees;
-            std::snprintf(line, sizeof line,
-                          "Worker%04d, Kim     , G%d-%04d            , 11-%02d-2026, %02d:%02d:%02d, Wok, Lok, Rok, "
-                          "01.00, 02.00, 03.00\r\n",
-                          e, e % 7, e, day, 6 + n / 3600, n / 60 % 60, n % 60);
-            log += line;
-        }
-    WriteTextFile(dir + "/LOG.TXT", log);
-}
-
-// A save worker whose standard output comes through a pipe.
-struct Worker
-{
-    pid_t pid = -1;
-    int out = -1;
-};
-
-Worker startWorker(const std::string& dir, const std::vector<std::string>& arguments)
-{
-    std::vector<std::string> args = {ZANDOLT_SAVE_WORKER, dir};
-    args.insert(args.end(), arguments.begin(), arguments.end());
-    std::vector<char*> argv;
-    for (std::string& a : args)
-        argv.push_back(a.data());
-    argv.push_back(nullptr);
-    int fds[2];
-    if (::pipe2(fds, O_CLOEXEC) != 0)
-        return {};
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, fds[1], 1);
-    Worker w;
-    if (posix_spawn(&w.pid, argv[0], &actions, nullptr, argv.data(), environ) != 0)
-        w.pid = -1;
-    posix_spawn_file_actions_destroy(&actions);
-    ::close(fds[1]);
-    w.out = fds[0];
-    return w;
-}
-
-// Waits for the worker's "saving"; false when it ended without saying so.
-bool waitUntilSaving(const Worker& w)
-{
-    std::string said;
-    char c;
-    while (::read(w.out, &c, 1) == 1 && c != '\n')
-        said += c;
-    return said == "saving";
-}
-
-// The wait status of the worker, once it has ended.
-int reap(Worker& w)
-{
-    int status = 0;
-    ::waitpid(w.pid, &status, 0);
-    ::close(w.out);
-    return status;
-}
-
-std::set<std::string> entries(const std::string& dir)
-{
-    std::set<std::string> names;
-    for (const auto& e : std::filesystem::directory_iterator(dir))
-        names.insert(e.path().filename().string());
-    return names;
-}
-
 class KillSave : public ::testing::TestWithParam<SaveCase>
 {
 protected:
+    // Employees Worker0000 and on, each tested in turn on the 19th and the 20th of November 2026.
     KillSave()
     {
-        makeSite(dir.path(), GetParam().employees, GetParam().linesPerDay);
-        siteFiles = entries(dir.path());
+        WriteTextFile(at("ZANDOLT.INI"), ReadTextFile(ZANDOLT_SOURCE_DIR "/resources/demo/ZANDOLT.INI"));
+        std::string names = "# names\r\n# of the kill test\r\n", log;
+        char line[600];
+        for (int e = 0; e < GetParam().employees; ++e) {
+            std::snprintf(
+                line, sizeof line,
+                "Worker%04d, Kim, G%d-%04d, -1.00, -1.00, -1.00, -1.00, -1, -1, A, 01/05/2026, 01/05/2026, 1, "
+                "12/31/2027, %s, 0, , 0\r\n",
+                e, e % 7, e, std::string(372, 'A').c_str());
+            names += line;
+        }
+        for (int day : {19, 20})
+            for (int n = 0; n < GetParam().linesPerDay; ++n) {
+                const int e = n % GetParam().employees;
+                std::snprintf(
+                    line, sizeof line,
+                    "Worker%04d, Kim     , G%d-%04d            , 11-%02d-2026, %02d:%02d:%02d, Wok, Lok, Rok, "
+                    "01.00, 02.00, 03.00\r\n",
+                    e, e % 7, e, day, 6 + n / 3600, n / 60 % 60, n % 60);
+                log += line;
+            }
+        WriteTextFile(at("NAMES.TXT"), names);
+        WriteTextFile(at("LOG.TXT"), log);
+        expected = entries();
+        expected.insert(GetParam().files.begin(), GetParam().files.end());
     }
 
     std::string at(const std::string& name) const { return dir.path() + "/" + name; }
-
+    std::set<std::string> entries() const
+    {
+        std::set<std::string> names;
+        for (const auto& e : std::filesystem::directory_iterator(dir.path()))
+            names.insert(e.path().filename().string());
+        return names;
+    }
     std::vector<std::string> contents() const
     {
         std::vector<std::string> texts;
@@ -166,36 +110,37 @@ protected:
             texts.push_back(ReadTextFile(at(f)));
         return texts;
     }
-
     // Files in the directory that are neither the site's nor the save's.
     std::vector<std::string> strays() const
     {
-        std::set<std::string> expected = siteFiles;
-        expected.insert(GetParam().files.begin(), GetParam().files.end());
         std::vector<std::string> extra;
-        for (const std::string& name : entries(dir.path()))
-            if (!expected.count(name))
-                extra.push_back(name);
+        std::ranges::set_difference(entries(), expected, std::back_inserter(extra));
         return extra;
+    }
+
+    // The save worker's command line; it says "saving" the moment it begins to replace a file.
+    std::vector<std::string> worker(const std::vector<std::string>& arguments) const
+    {
+        std::vector<std::string> args = {ZANDOLT_SAVE_WORKER, dir.path()};
+        args.insert(args.end(), arguments.begin(), arguments.end());
+        return args;
     }
 
     // One save to its end; its files afterwards. It must succeed and leave nothing behind.
     std::vector<std::string> saveToEnd(const std::vector<std::string>& arguments, double* seconds = nullptr)
     {
-        Worker w = startWorker(dir.path(), arguments);
-        EXPECT_GT(w.pid, 0);
-        EXPECT_TRUE(waitUntilSaving(w));
+        ChildProcess save(worker(arguments));
+        EXPECT_EQ(save.readLine(-1), "saving");
         const auto start = std::chrono::steady_clock::now();
-        const int status = reap(w);
+        EXPECT_EQ(save.wait(), 0) << "a save that ran to its end failed";
         if (seconds)
             *seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "a save that ran to its end failed";
         EXPECT_EQ(strays(), std::vector<std::string>{});
         return contents();
     }
 
     TempDir dir;
-    std::set<std::string> siteFiles;
+    std::set<std::string> expected;
 };
 
 TEST_P(KillSave, AKilledSaveLeavesTheOldFileOrTheNewOneAndTheNextSaveCleansUp)
@@ -221,19 +166,18 @@ TEST_P(KillSave, AKilledSaveLeavesTheOldFileOrTheNewOneAndTheNextSaveCleansUp)
         // Each save turns the first file into the other version, so that every kill interrupts a
         // real change.
         const bool toFirst = ReadTextFile(at(c.files[0])) == second[0];
-        Worker w = startWorker(dir.path(), toFirst ? c.first : c.second);
-        ASSERT_GT(w.pid, 0);
-        ASSERT_TRUE(waitUntilSaving(w));
+        ChildProcess save(worker(toFirst ? c.first : c.second));
+        ASSERT_EQ(save.readLine(-1), "saving");
         std::this_thread::sleep_for(std::chrono::microseconds(std::uniform_int_distribution<long>(0, spanUs)(random)));
-        ::kill(w.pid, SIGKILL);
-        const int status = reap(w);
+        save.signal(SIGKILL);
+        const int code = save.wait();
         const std::vector<std::string> now = contents();
         for (size_t f = 0; f < c.files.size(); ++f)
             ASSERT_TRUE(now[f] == first[f] || now[f] == second[f])
                 << c.files[f] << " is neither the old nor the new file after run " << runs << " (" << now[f].size()
                 << " bytes)";
-        if (WIFEXITED(status)) {
-            EXPECT_EQ(WEXITSTATUS(status), 0);
+        if (code != -1) { // it ended before the kill
+            EXPECT_EQ(code, 0);
             EXPECT_EQ(now, toFirst ? first : second);
             spanUs = std::max(100L, spanUs * 3 / 4);
             continue;

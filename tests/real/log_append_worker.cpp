@@ -1,7 +1,8 @@
 // log_append_worker DIR WORKER LINES: one station appending LINES test lines to DIR/LOG.TXT through
 // the station's own log writer, as the stations sharing one log do. Line n of worker k is the test
-// of "Station, k" with the ID "Wk-n" (n from 0, five digits). Exits 0 when every line went in, 1
-// when the writer gave up on some (it shows its message for each), 2 on bad arguments.
+// of "Station, k" with the ID "Wk-n" (n from 0, five digits), at 08:00:00 on 22 November 2026, the
+// day of the report's column. Exits 0 when every line went in, 1 when the writer gave up on some
+// (it shows its message for each), 2 on bad arguments.
 #include "app.h"
 #include "platform/headless/headless_backend.h"
 #include "station/log_writer.h"
@@ -12,21 +13,17 @@
 
 int main(int argc, char** argv)
 {
-    if (argc != 4) {
-        std::fprintf(stderr, "usage: log_append_worker DIR WORKER LINES\n");
+    const int worker = argc == 4 ? std::atoi(argv[2]) : 0, lines = argc == 4 ? std::atoi(argv[3]) : 0;
+    if (worker < 1 || worker > 9 || lines < 1 || lines > 99999) {
+        std::fprintf(stderr, "usage: log_append_worker DIR WORKER LINES (WORKER 1 to 9, LINES 1 to 99999)\n");
         return 2;
     }
     const std::string dir = argv[1];
-    const int worker = std::atoi(argv[2]);
-    const int lines = std::atoi(argv[3]);
-    if (worker < 1 || worker > 9 || lines < 1 || lines > 99999) {
-        std::fprintf(stderr, "log_append_worker: WORKER is 1 to 9, LINES 1 to 99999\n");
-        return 2;
-    }
 
     // The files are the real ones of the system; only the window side is the test backend, whose
     // message box records the writer's complaint instead of waiting for someone.
     zandolt::headless::HeadlessBackend backend(dir);
+    backend.clock.setNow(zandolt::DateTime{2026, 11, 22, 8, 0, 0, 0});
     zandolt::App app(backend.services());
     app.LogPath = dir + "/LOG.TXT";
     app.EmployeeCount = 1;

@@ -2,22 +2,20 @@
 // keep testing between the runs. After each kill every line a station ever wrote is still in its
 // Log.txt or in the server's log.txt or log1.txt; after a last run to its end every line is in
 // log.txt once and in its station's LogHist.txt once, and nothing of the merge's own is left.
+#include "child_process.h"
+#include "data/text_lines.h"
 #include "support/station_fixture.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <random>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace zandolt::testing {
@@ -41,25 +39,14 @@ std::string Line(int s, long n)
     return line;
 }
 
-std::vector<std::string> Lines(const std::string& path)
-{
-    std::vector<std::string> lines;
-    std::ifstream in(path, std::ios::binary);
-    for (std::string l; std::getline(in, l);) {
-        if (!l.empty() && l.back() == '\r')
-            l.pop_back();
-        lines.push_back(l);
-    }
-    return lines;
-}
-
 class LogMergeKill : public ::testing::Test
 {
 protected:
     LogMergeKill()
     {
         WriteTextFile(server("ZANDOLT.INI"), ReadTextFile(ZANDOLT_SOURCE_DIR "/resources/demo/ZANDOLT.INI"));
-        std::string netList, log;
+        // A station out of reach stands in the list as well.
+        std::string netList = stations_.path() + "/gone\r\n", log;
         for (int s = 0; s < Stations; ++s) {
             std::filesystem::create_directory(station(s, ""));
             netList += station(s, "") + "\r\n";
@@ -90,28 +77,17 @@ protected:
         }
     }
 
-    // Starts the merge; kills it after `us` microseconds unless it ended before (never when
-    // negative). The seconds it ran.
+    // Runs the merge, and kills it after `us` microseconds unless it ended before (never when
+    // negative); the seconds it ran.
     double run(long us)
     {
         const auto start = std::chrono::steady_clock::now();
-        const pid_t child = ::fork();
-        if (child == 0) {
-            std::freopen("/dev/null", "w", stdout);
-            std::freopen("/dev/null", "w", stderr);
-            ::execl(ZANDOLT_REPORT_PROGRAM, ZANDOLT_REPORT_PROGRAM, "logsort", "--dir", dir_.path().c_str(),
-                    static_cast<char*>(nullptr));
-            ::_exit(127);
+        ChildProcess merge({ZANDOLT_REPORT_PROGRAM, "logsort", "--dir", dir_.path()}, {}, true);
+        if (us >= 0) {
+            std::this_thread::sleep_for(std::chrono::microseconds(us));
+            merge.signal(SIGKILL);
         }
-        int status = 0;
-        const auto end = start + std::chrono::microseconds(us);
-        while (us < 0 || std::chrono::steady_clock::now() < end) {
-            if (::waitpid(child, &status, WNOHANG) == child)
-                return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-            std::this_thread::sleep_for(std::chrono::microseconds(100));
-        }
-        ::kill(child, SIGKILL);
-        ::waitpid(child, &status, 0);
+        merge.wait();
         return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     }
 
@@ -120,7 +96,7 @@ protected:
     {
         std::unordered_map<std::string, int> seen;
         for (const std::string& p : paths)
-            for (const std::string& l : Lines(p))
+            for (const std::string& l : SplitTextLines(ReadTextFile(p)))
                 ++seen[l];
         return seen;
     }
@@ -157,7 +133,10 @@ TEST_F(LogMergeKill, NoLineIsLostWhereverTheMergeIsKilledNorMergedTwiceByTheNext
                 ASSERT_TRUE(seen.count(l)) << "after kill " << kills << ", lost: " << l;
     }
 
-    run(-1);
+    // The last run, which passes over the station out of reach without a word.
+    const ProgramRun last = RunProgram({ZANDOLT_REPORT_PROGRAM, "logsort", "--dir", dir_.path()});
+    EXPECT_EQ(last.code, 0);
+    EXPECT_EQ(last.err, "");
     const auto inLog = count({server("log.txt")});
     EXPECT_EQ(inLog.size(), static_cast<size_t>(ServerLines) + static_cast<size_t>(next_));
     for (int s = 0; s < Stations; ++s) {

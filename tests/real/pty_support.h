@@ -41,19 +41,12 @@ inline void writeFile(const QString& path, const std::string& text)
     f.write(text.data(), static_cast<qint64>(text.size()));
 }
 
-// Starts socat with a raw pseudo-terminal pair whose ends are the links a and b; true once both exist.
-inline bool startPtyPair(QProcess& socat, const QString& a, const QString& b)
+// NAMES.TXT of one employee, Jane Doe with this ID, who wears both straps on the tester's limits.
+inline std::string JaneNames(const std::string& id)
 {
-    socat.start(QStringLiteral(ZANDOLT_SOCAT), {"pty,raw,echo=0,link=" + a, "pty,raw,echo=0,link=" + b});
-    return QTest::qWaitFor([&] { return QFile::exists(a) && QFile::exists(b); }, 5000);
-}
-
-inline void stopProcess(QProcess& p)
-{
-    if (p.state() != QProcess::NotRunning) {
-        p.terminate();
-        p.waitForFinished(3000);
-    }
+    return "# names\r\n# example\r\nDoe, Jane, " + id +
+           ", -1.00, -1.00, -1.00, -1.00, -1, -1, A, 01/05/2026, 01/05/2026, 1, 12/31/2030, " + std::string(372, 'A') +
+           ", 0, , 0\r\n";
 }
 
 struct EmulatorRun
@@ -91,12 +84,10 @@ inline EmulatorRun runEmulator(const QString& device, const QStringList& options
         return run;
     }
     run.exitCode = emulator.exitStatus() == QProcess::NormalExit ? emulator.exitCode() : -1;
+    // The emulator's side of the conversation is printed for whoever reads the test's output.
     for (const QByteArray& line : emulator.readAllStandardOutput().split('\n'))
         if (!line.isEmpty())
-            run.lines.push_back(line.toStdString());
-    // The emulator's side of the conversation, for whoever reads the test's output.
-    for (const std::string& l : run.lines)
-        std::printf("  emulator: %s\n", l.c_str());
+            std::printf("  emulator: %s\n", run.lines.emplace_back(line.toStdString()).c_str());
     return run;
 }
 
@@ -106,6 +97,19 @@ inline EmulatorRun runEmulator(const QString& device, const QStringList& options
 class StationInTempDir : public ::testing::Test
 {
 protected:
+    // Starts socat with a raw pseudo-terminal pair whose ends are the links a and b of the program
+    // directory, a the station's port `port` in PORTS.TXT; true once both exist. The pair goes with
+    // the station.
+    bool startPtyPair(int port, const QString& a, const QString& b)
+    {
+        ports += std::to_string(port) + " " + dir.filePath(a).toStdString() + "\n";
+        writeFile(dir.filePath("PORTS.TXT"), ports);
+        QProcess& socat = *pairs.emplace_back(std::make_unique<QProcess>());
+        socat.start(QStringLiteral(ZANDOLT_SOCAT),
+                    {"pty,raw,echo=0,link=" + dir.filePath(a), "pty,raw,echo=0,link=" + dir.filePath(b)});
+        return QTest::qWaitFor([&] { return QFile::exists(dir.filePath(a)) && QFile::exists(dir.filePath(b)); }, 5000);
+    }
+
     void startStation()
     {
         previousDirectory = QDir::currentPath();
@@ -128,6 +132,7 @@ protected:
         app->nameForm().Load();
     }
 
+    void TearDown() override { stopStation(); }
     void stopStation()
     {
         closer.stop();
@@ -135,6 +140,10 @@ protected:
         backend.reset();
         if (!previousDirectory.isEmpty())
             QDir::setCurrent(previousDirectory);
+        for (auto& socat : pairs) {
+            socat->terminate();
+            socat->waitForFinished(3000);
+        }
     }
 
     QTemporaryDir dir;
@@ -143,6 +152,8 @@ protected:
     std::unique_ptr<App> app;
     QTimer closer;
     std::vector<std::string> messages;
+    std::vector<std::unique_ptr<QProcess>> pairs;
+    std::string ports;
 };
 
 } // namespace zandolt::qt

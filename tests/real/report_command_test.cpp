@@ -38,11 +38,6 @@ ParsedArguments parse(std::vector<std::string> args)
     return ParseReportArguments(args, Kinds);
 }
 
-std::string errorOf(std::vector<std::string> args)
-{
-    return parse(std::move(args)).error;
-}
-
 TEST(ReportArguments, EveryOptionIsReadInBothForms)
 {
     // The words of the command line, split at "|" (the employee's name holds a blank).
@@ -78,25 +73,25 @@ TEST(ReportArguments, EveryOptionIsReadInBothForms)
 
 TEST(ReportArguments, WhatCannotBeUsedIsAUsageErrorThatSaysWhy)
 {
-    EXPECT_EQ(errorOf({}), "KIND is missing");
-    EXPECT_EQ(errorOf({"weekly"}), "unknown KIND \"weekly\"");
-    EXPECT_EQ(errorOf({"monthly", "individual"}), "one KIND only, not also \"individual\"");
-    EXPECT_EQ(errorOf({"monthly", "--colour", "red"}), "unknown option --colour");
-    EXPECT_EQ(errorOf({"monthly", "--month"}), "--month wants a value");
-    EXPECT_EQ(errorOf({"monthly", "--month", "4", "--month=5"}), "--month is given twice");
-    EXPECT_EQ(errorOf({"attendance", "--year", "2026"}), "attendance wants --employee");
-    EXPECT_EQ(errorOf({"monthly", "--employee="}), "--employee wants a name \"Last, First\", not \"\"");
+    EXPECT_EQ(parse({}).error, "KIND is missing");
+    EXPECT_EQ(parse({"weekly"}).error, "unknown KIND \"weekly\"");
+    EXPECT_EQ(parse({"monthly", "individual"}).error, "one KIND only, not also \"individual\"");
+    EXPECT_EQ(parse({"monthly", "--colour", "red"}).error, "unknown option --colour");
+    EXPECT_EQ(parse({"monthly", "--month"}).error, "--month wants a value");
+    EXPECT_EQ(parse({"monthly", "--month", "4", "--month=5"}).error, "--month is given twice");
+    EXPECT_EQ(parse({"attendance", "--year", "2026"}).error, "attendance wants --employee");
+    EXPECT_EQ(parse({"monthly", "--employee="}).error, "--employee wants a name \"Last, First\", not \"\"");
     // Numbers, dates and times that are no such thing, or out of their range.
     for (const char* month : {"0", "-1", "4.5", "x", "40000"})
-        EXPECT_NE(errorOf({"monthly", "--month", month}), "") << month;
+        EXPECT_NE(parse({"monthly", "--month", month}).error, "") << month;
     for (const char* date : {"2/29/2027", "13/01/2026", "0", "00/00/0000", "1/2/26", "1/2/2026/", "2026-01-02"})
-        EXPECT_EQ(errorOf({"monthly", "--date", date}),
+        EXPECT_EQ(parse({"monthly", "--date", date}).error,
                   std::string("--date wants a date MM/DD/YYYY, not \"") + date + "\"");
     for (const char* time : {"24:00:00", "7:60:00", "7:05", "07:05:00:00", "7:5:00"})
-        EXPECT_NE(errorOf({"monthly", "--from", time}), "") << time;
+        EXPECT_NE(parse({"monthly", "--from", time}).error, "") << time;
     for (const char* now : {"2026-11-20 08:00:00", "2026-11-31T08:00:00", "2026-11-20T8:00:00", "20261120T080000"})
-        EXPECT_NE(errorOf({"monthly", "--now", now}), "") << now;
-    EXPECT_NE(errorOf({"monthly", "--year", "0"}), "");
+        EXPECT_NE(parse({"monthly", "--now", now}).error, "") << now;
+    EXPECT_NE(parse({"monthly", "--year", "0"}).error, "");
 }
 
 class ReportRun : public StationTest
@@ -140,9 +135,6 @@ TEST_F(ReportRun, AbsentOptionsTakeThePresentMomentAndMeanEverything)
     EXPECT_EQ(seen.ExceptionStopTime, 86399);
     // The station's start-up read the table from the directory.
     EXPECT_EQ(app_->EmployeeCount, 3);
-    // The two files' full paths, one a line.
-    EXPECT_EQ(out.str(), path("REPORT.TXT") + "\n" + path("REPORT.CSV") + "\n");
-    EXPECT_EQ(read("REPORT.TXT"), "t\r\n");
     // A single blank is the station's way of saying every group.
     ASSERT_EQ(run({"monthly", "--group", " "}), ReportDone);
     EXPECT_EQ(seen.ReportWorkGroup, "");
@@ -207,8 +199,7 @@ TEST(ConsoleUi, MessagesGoToTheStreamAndTakeTheDefaultButton)
     EXPECT_EQ(messages.str(), "zandolt-report: Error reading 1 Names.txt\n"
                               "zandolt-report: Log: Reset the logging file Log.txt?\n"
                               "zandolt-report: Error opening file\n");
-    ui.answerInput("Year?", "2024");
-    EXPECT_EQ(ui.inputBox("Year?", "Year entry", "2026"), "2024");
+    // A prompt that no option answers takes its default (--year answers "Year?": the built program's tests).
     EXPECT_EQ(ui.inputBox("Month?", "", "11"), "11");
 }
 

@@ -3,10 +3,12 @@
 // standard output the moment it begins to replace the first file. It saves:
 //   names TAG            every employee's password set to TAG, NAMES.TXT saved
 //   ini TAG              the company name set to TAG repeated to 1 MiB, ZANDOLT.INI saved
+//   schedule TAG         the schedule window's text set to TAG repeated to 1 MiB, GENREPORTS.TXT saved
 //   report KIND OPTIONS  one report, as zandolt-report makes it with the same arguments
 // Exits 0 when the save went through, 1 when it took its error path (a window or a message showed
 // up), 2 on bad arguments.
 #include "app.h"
+#include "automation/auto_frm.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
 #include "platform/headless/headless_backend.h"
@@ -22,32 +24,6 @@
 using namespace zandolt;
 
 namespace {
-
-void setPasswords(App& app, const std::string& tag)
-{
-    for (int r = 0; r < app.EmployeeCount; ++r)
-        app.EmpPassword[static_cast<size_t>(r)] = tag;
-}
-
-void setCompanyName(App& app, const std::string& tag)
-{
-    app.CompanyName.clear();
-    while (app.CompanyName.size() < (1u << 20))
-        app.CompanyName += tag;
-}
-
-// A file the worker can save: what it changes first, and the station's own save.
-struct Saver
-{
-    const char* what;
-    void (*change)(App&, const std::string&);
-    void (*save)(App&);
-};
-
-const Saver Savers[] = {
-    {"names", setPasswords, SaveNamesFile},
-    {"ini", setCompanyName, SaveIniFile},
-};
 
 // The real files, which say so on standard output when a file is first replaced: from then on a
 // kill can catch a save part-way.
@@ -80,7 +56,8 @@ private:
 
 int usage()
 {
-    std::fprintf(stderr, "usage: save_worker DIR names|ini TAG\n       save_worker DIR report KIND OPTIONS...\n");
+    std::fprintf(stderr,
+                 "usage: save_worker DIR names|ini|schedule TAG\n       save_worker DIR report KIND OPTIONS...\n");
     return 2;
 }
 
@@ -107,15 +84,25 @@ int main(int argc, char** argv)
         return RunReport(app, parsed.request, paths, std::cerr);
     }
 
-    for (const Saver& saver : Savers) {
-        if (what != saver.what || argc != 4)
-            continue;
-        ReadIniFile(app);
-        ReadNamesFile(app);
-        saver.change(app, argv[3]);
-        const size_t shown = backend.ui.journal().size();
-        saver.save(app);
-        return backend.ui.journal().size() == shown ? 0 : 1;
+    if ((what != "names" && what != "ini" && what != "schedule") || argc != 4)
+        return usage();
+    ReadIniFile(app);
+    ReadNamesFile(app);
+    const std::string tag = argv[3];
+    std::string text;
+    while (text.size() < (1u << 20))
+        text += tag;
+    const size_t shown = backend.ui.journal().size();
+    if (what == "names") {
+        for (int r = 0; r < app.EmployeeCount; ++r)
+            app.EmpPassword[static_cast<size_t>(r)] = tag;
+        SaveNamesFile(app);
+    } else if (what == "ini") {
+        app.CompanyName = text;
+        SaveIniFile(app);
+    } else {
+        app.autoFrm().GenEdit.setText(text);
+        app.autoFrm().SaveAutoGenFile();
     }
-    return usage();
+    return backend.ui.journal().size() == shown ? 0 : 1;
 }
