@@ -14,18 +14,14 @@ class Certification : public ScenarioTest
 {
 protected:
     // A reader station, so that the error window closes by itself; the day is 11/22/2026.
-    void start(int advanceDays, int intervalDays, int accessMode = 0, const std::string& password = "")
+    void start(int advanceDays, int intervalDays, int accessMode = 0)
     {
-        writeSettings([&](Settings& s) {
+        startWith([&](Settings& s) {
             s.BarCodeFlag = 1;
             s.CertWarnAdvanceDays = static_cast<int16>(advanceDays);
             s.CertWarnIntervalDays = static_cast<int16>(intervalDays);
             s.CertAccessMode = static_cast<int16>(accessMode);
-            s.CertAccessPassword = password;
         });
-        writeEmployees({Employee{}});
-        startStation();
-        ui().clearRecords();
     }
     // The gate for row 0 with its expiry this many days from today.
     int check(int daysLeft)

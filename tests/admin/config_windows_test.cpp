@@ -17,19 +17,13 @@ namespace {
 class SettingsWindows : public ScenarioTest
 {
 protected:
-    void start(const std::function<void(Settings&)>& change = {})
-    {
-        writeSettings(change);
-        startStation();
-        ui().clearRecords();
-    }
     NameForm& main() { return app_->nameForm(); }
     std::string iniLine(int number) { return fileLines("ZANDOLT.INI").at(static_cast<size_t>(number - 1)); }
 };
 
 TEST_F(SettingsWindows, GeneralSettingsFallBackOnBadNumbersAndRefuseCommas)
 {
-    start();
+    startWith();
     ASSERT_TRUE(line(1).stationOpen());
     ASSERT_TRUE(line(1).dtrHigh());
     ui().answerFontDialog("DejaVu Sans Mono", 9);
@@ -78,7 +72,7 @@ TEST_F(SettingsWindows, GeneralSettingsFallBackOnBadNumbersAndRefuseCommas)
 
 TEST_F(SettingsWindows, SelectionChoosesTheReaderAndTheIdentificationSwitches)
 {
-    start([](Settings& s) { s.BarCodeFlag = 7; });
+    startWith([](Settings& s) { s.BarCodeFlag = 7; });
     ui().onModal("SelConfigForm", [](Form& f) {
         auto& c = static_cast<SelConfigForm&>(f);
         EXPECT_EQ(c.Option1.value(), True); // an unknown reader is the keyboard
@@ -101,7 +95,7 @@ TEST_F(SettingsWindows, SelectionChoosesTheReaderAndTheIdentificationSwitches)
 
 TEST_F(SettingsWindows, ReaderParametersFollowTheirChoiceAndABadNumberChangesNothing)
 {
-    start([](Settings& s) {
+    startWith([](Settings& s) {
         s.UseLastChars = 0;
         s.SkipChars = -3;
     });
@@ -150,7 +144,7 @@ TEST_F(SettingsWindows, DirectoriesGetTheirSeparatorAndBlankMeansTheProgramsOwn)
     EXPECT_EQ(DirectorySetting("\\"), "");
     EXPECT_EQ(DirectorySetting("/"), "");
 
-    start();
+    startWith();
     const std::string shared = path("shared");
     std::filesystem::create_directory(shared);
     write("shared/NAMES.TXT", "# 1\r\n# 2\r\n" + NamesLine(Employee{"Far", "Fay", "9"}) + "\r\n");

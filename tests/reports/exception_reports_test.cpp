@@ -71,8 +71,8 @@ TEST_F(ExceptionReports, TheDaysExceptionsDifferBetweenTheTextAndTheCsv)
                 "    For Wrist strap, Left Heel, and Right Heel");
     text.insert(text.end(), {"  1  Nix, Ned" + Blanks(26) + "A-5 ---", "  2  Un, Ted" + Blanks(27) + "B-6 xxx",
                              "  3  Lea, Vee" + Blanks(26) + "A-8 VVV"});
-    EXPECT_EQ(lines("EXCEPT.TXT"), text);
-    EXPECT_EQ(lines("EXCEPT.CSV"),
+    EXPECT_EQ(fileLines("EXCEPT.TXT"), text);
+    EXPECT_EQ(fileLines("EXCEPT.CSV"),
               (std::vector<std::string>{"11/20/2026 ,   as of 11/22/2026 14:30:20", "1, Roe, Rhea, A-3, gLg",
                                         "2, Nix, Ned, A-5, ---", "3, Un, Ted, B-6, xxx", "4, Ig, Ida, IG-7, xxx",
                                         "5, Lea, Vee, A-8, VVV"}));
@@ -86,16 +86,16 @@ TEST_F(ExceptionReports, TheDaysExceptionsDifferBetweenTheTextAndTheCsv)
         Heading(" Acme ESD Protection Test Exception Report for Friday, November 20, 2026    as of 11/22/2026 14:30:20",
                 "    For Wrist strap, Left Heel, and Right Heel  from 6:5 - 18:0");
     text.push_back("  1  Ig, Ida" + Blanks(26) + "IG-7 xxx");
-    EXPECT_EQ(lines("EXCEPT.TXT"), text);
-    EXPECT_EQ(lines("EXCEPT.CSV"),
+    EXPECT_EQ(fileLines("EXCEPT.TXT"), text);
+    EXPECT_EQ(fileLines("EXCEPT.CSV"),
               (std::vector<std::string>{"11/20/2026 ,   as of 11/22/2026 14:30:20", "1, Ig, Ida, IG-7, xxx"}));
 
     // One employee by number.
     app_->ReportWorkGroup = "";
     app_->ReportEmployeeIndex = 5;
     ASSERT_EQ(GenerateExceptionReport(*app_), ReportOutcome::Done);
-    EXPECT_EQ(lines("EXCEPT.TXT").back(), "  1  Un, Ted" + Blanks(27) + "B-6 xxx");
-    EXPECT_EQ(lines("EXCEPT.CSV").back(), "1, Un, Ted, B-6, xxx");
+    EXPECT_EQ(fileLines("EXCEPT.TXT").back(), "  1  Un, Ted" + Blanks(27) + "B-6 xxx");
+    EXPECT_EQ(fileLines("EXCEPT.CSV").back(), "1, Un, Ted, B-6, xxx");
 }
 
 TEST_F(ExceptionReports, TheTwiceTestedReportWantsTwoTestsMoreThanThreeHoursApartWithinTwelveHours)
@@ -124,8 +124,8 @@ TEST_F(ExceptionReports, TheTwiceTestedReportWantsTwoTestsMoreThanThreeHoursApar
     text.insert(text.end(), {"  1  Roe, Rick" + Blanks(25) + "A-2 gLg  08:00" + Blanks(7),
                              "  2  Poe, Pat" + Blanks(26) + "A-3 Hgg  05:00  08:00",
                              "  3  Old, Otto" + Blanks(25) + "A-5 xxx" + Blanks(14)});
-    EXPECT_EQ(lines("EXCEPT.TXT"), text);
-    EXPECT_EQ(lines("EXCEPT.CSV"),
+    EXPECT_EQ(fileLines("EXCEPT.TXT"), text);
+    EXPECT_EQ(fileLines("EXCEPT.CSV"),
               (std::vector<std::string>{"11/22/2026 ,   as of 11/22/2026 10:00:30", "1, Roe, Rick, A-2, gLg,  08:00",
                                         "2, Poe, Pat, A-3, Hgg,  05:00,  08:00", "3, Old, Otto, A-5, xxx"}));
 }
@@ -137,10 +137,10 @@ TEST_F(ExceptionReports, AGoodSingleTestIsAnExceptionOnlyInTheTwiceTestedText)
     log({LogLine("Doe, Jane, A-1", "11-22-2026", "08:00:00")});
     app_->ReportDate = DateSerial(2026, 11, 22);
     ASSERT_EQ(GenerateExceptionReport(*app_), ReportOutcome::Done);
-    EXPECT_EQ(lines("EXCEPT.TXT").size(), 6u); // nobody: the heading alone
+    EXPECT_EQ(fileLines("EXCEPT.TXT").size(), 6u); // nobody: the heading alone
     ASSERT_EQ(GenerateTwiceTestedReport(*app_), ReportOutcome::Done);
-    EXPECT_EQ(lines("EXCEPT.TXT").back(), "  1  Doe, Jane" + Blanks(25) + "A-1 ggg  08:00" + Blanks(7));
-    EXPECT_EQ(lines("EXCEPT.CSV").size(), 1u);
+    EXPECT_EQ(fileLines("EXCEPT.TXT").back(), "  1  Doe, Jane" + Blanks(25) + "A-1 ggg  08:00" + Blanks(7));
+    EXPECT_EQ(fileLines("EXCEPT.CSV").size(), 1u);
 }
 
 TEST_F(ExceptionReports, AnUnreadableLogFailsWithItsMessageAndADateOfZeroStillWrites)
@@ -163,9 +163,9 @@ TEST_F(ExceptionReports, AnUnreadableLogFailsWithItsMessageAndADateOfZeroStillWr
     app_->ReportDate = 0;
     ASSERT_EQ(GenerateExceptionReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(
-        lines("EXCEPT.TXT")[0],
+        fileLines("EXCEPT.TXT")[0],
         " Acme ESD Protection Test Exception Report for Saturday, December 30, 1899    as of 11/22/2026 10:00:30");
-    EXPECT_EQ(lines("EXCEPT.CSV"),
+    EXPECT_EQ(fileLines("EXCEPT.CSV"),
               (std::vector<std::string>{"12/30/1899 ,   as of 11/22/2026 10:00:30", "1, Doe, Jane, A-1, xxx"}));
 }
 

@@ -105,10 +105,10 @@ TEST_F(MonthlyReport, AMonthOfTestsLeaveAndUnknownNamesWrittenAsTheRulesSay)
         "GHOST, GUS",
         ""};
     text.insert(text.end(), rows.begin(), rows.end());
-    EXPECT_EQ(lines("REPORT.TXT"), text);
+    EXPECT_EQ(fileLines("REPORT.TXT"), text);
 
     EXPECT_EQ(
-        lines("REPORT.CSV"),
+        fileLines("REPORT.CSV"),
         (std::vector<std::string>{
             "2, =Month, 2026, =Year, as of 11/22/2026 09:30:15", "1, Doe, Jane, A-1, " + Days(28, {{3, "Hgg"}}, ", "),
             "2, Roe, Rick, B-2, " + Days(28, {{4, "g--"}, {20, "hhh"}, {27, "ggg"}}, ", "),
@@ -130,7 +130,7 @@ TEST_F(MonthlyReport, ALaterMonthTakesLastYearAndTheFiltersNarrowOnlyTheRows)
     ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(prompts(), std::vector<std::string>{
                              "The month specified is greater than this month, so will use the previous year data."});
-    std::vector<std::string> text = lines("REPORT.TXT");
+    std::vector<std::string> text = fileLines("REPORT.TXT");
     ASSERT_EQ(text.size(), 11u);
     EXPECT_EQ(text[0], Blanks(45) + "Acme Monthly ESD Protection Test Report for December 2025    as of 11/22/2026 "
                                     "09:30:15");
@@ -138,20 +138,20 @@ TEST_F(MonthlyReport, ALaterMonthTakesLastYearAndTheFiltersNarrowOnlyTheRows)
     EXPECT_EQ(text[8], "  1  Doe, Jane" + Blanks(25) + "A-1 " + Days(31, {{23, "gLg"}}, " "));
     EXPECT_EQ(text[9], "  2  Poe, Pat" + Blanks(26) + "A-3 " + Days(31, {{31, "ggg"}}, " "));
     EXPECT_EQ(text[10], "  3  Doe, Jane" + Blanks(25) + "A-4 " + Days(31, {}, " "));
-    EXPECT_EQ(lines("REPORT.CSV"), (std::vector<std::string>{"12, =Month, 2025, =Year, as of 11/22/2026 09:30:15",
-                                                             "1, Doe, Jane, A-1, " + Days(31, {{23, "gLg"}}, ", "),
-                                                             "3, Poe, Pat, A-3, " + Days(31, {{31, "ggg"}}, ", "),
-                                                             "4, Doe, Jane, A-4, " + Days(31, {}, ", ")}));
+    EXPECT_EQ(fileLines("REPORT.CSV"), (std::vector<std::string>{"12, =Month, 2025, =Year, as of 11/22/2026 09:30:15",
+                                                                 "1, Doe, Jane, A-1, " + Days(31, {{23, "gLg"}}, ", "),
+                                                                 "3, Poe, Pat, A-3, " + Days(31, {{31, "ggg"}}, ", "),
+                                                                 "4, Doe, Jane, A-4, " + Days(31, {}, ", ")}));
 
     // One employee by number: the text counts from 1, the CSV keeps the table's number. The
     // present year's leave letter of 24 December stands over last year's test.
     app_->ReportWorkGroup = "";
     app_->ReportEmployeeIndex = 1;
     ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
-    text = lines("REPORT.TXT");
+    text = fileLines("REPORT.TXT");
     ASSERT_EQ(text.size(), 9u);
     EXPECT_EQ(text[8], "  1  Roe, Rick" + Blanks(25) + "B-2 " + Days(31, {{24, "XXX"}}, " "));
-    EXPECT_EQ(lines("REPORT.CSV")[1], "2, Roe, Rick, B-2, " + Days(31, {{24, "XXX"}}, ", "));
+    EXPECT_EQ(fileLines("REPORT.CSV")[1], "2, Roe, Rick, B-2, " + Days(31, {{24, "XXX"}}, ", "));
 }
 
 TEST_F(MonthlyReport, FebruaryHasThePresentYearsLength)
@@ -161,7 +161,7 @@ TEST_F(MonthlyReport, FebruaryHasThePresentYearsLength)
     log({"Doe, Jane, A-1, 02-28-2027" + Good});
     app_->ReportMonth = 2;
     ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
-    const std::vector<std::string> text = lines("REPORT.TXT");
+    const std::vector<std::string> text = fileLines("REPORT.TXT");
     ASSERT_GE(text.size(), 9u);
     EXPECT_EQ(text[6], ColumnLines(29)[0]);
     // Day 29 of 2027's February is 1 March, with its letter; nobody tested then.
@@ -176,7 +176,7 @@ TEST_F(MonthlyReport, TheUnknownNamesStopAtAThousand)
     log(logLines);
     app_->ReportMonth = 2;
     ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
-    const std::vector<std::string> text = lines("REPORT.TXT");
+    const std::vector<std::string> text = fileLines("REPORT.TXT");
     // Eight heading lines, five rows, two empty lines and the title, the names, an empty line.
     ASSERT_EQ(text.size(), 8u + 5 + 3 + 1000 + 1);
     EXPECT_EQ(text[16], "U1000, X");
@@ -220,8 +220,8 @@ TEST_F(MonthlyReport, AnEmptyTableGivesTheHeadingOfTheYear1899AndNoRows)
                              "The following names were found in the log file but have been changed or deleted in "
                              "the names file",
                              "Doe, Jane", ""});
-    EXPECT_EQ(lines("REPORT.TXT"), text);
-    EXPECT_EQ(lines("REPORT.CSV"), std::vector<std::string>{"2, =Month, 1899, =Year, as of 11/22/2026 09:30:15"});
+    EXPECT_EQ(fileLines("REPORT.TXT"), text);
+    EXPECT_EQ(fileLines("REPORT.CSV"), std::vector<std::string>{"2, =Month, 1899, =Year, as of 11/22/2026 09:30:15"});
 }
 
 } // namespace
