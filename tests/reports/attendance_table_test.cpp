@@ -63,11 +63,9 @@ TEST_F(AttendanceTableTest, TheYearsTestsOfThatEmployeeAreMarkedOverTheLetters)
     EXPECT_EQ(app_->Attendance[0][1], 'S');
     EXPECT_EQ(backend_->ui.journal().front(), "input Year?");
     EXPECT_FALSE(backend_->ui.busy());
-}
 
-TEST_F(AttendanceTableTest, AnotherYearsTestsLieOnThePresentCalendarUnderThePresentYear)
-{
-    // 10 February 2025 is day 41, shown in February of the table; the heading keeps 2026.
+    // Another year's tests lie on the present calendar under the present year: 10 February 2025
+    // is day 41, shown in February of the table; the heading keeps 2026.
     ui().answerInputBox("Year?", "2025");
     EXPECT_EQ(GenerateAttendanceTable(*app_), ReportOutcome::Done);
     const std::string text = read("ATTEND.TXT");

@@ -103,7 +103,7 @@ protected:
     }
 };
 
-TEST_F(IndividualLogTest, TheRangeOfOneNameWithCaseWhateverTheId)
+TEST_F(IndividualLogTest, TheRangeOfOneNameWithCaseWhateverTheIdOrOfEveryone)
 {
     // The namesake with another ID is the same name; "doe, jane" is not. A trailing blank of the
     // log line stays in both files.
@@ -116,10 +116,8 @@ TEST_F(IndividualLogTest, TheRangeOfOneNameWithCaseWhateverTheId)
               Lines({"Doe, Jane           , A-1                , 3/14/2026,  10:00:00, Wok, L- , R- , 00.90, -, - ",
                      "Doe, Jane           , B-7                , 3/15/2026,  10:03:00, Wok, Lok, Rok, 01.00, 01.00, "
                      "01.00"}));
-}
 
-TEST_F(IndividualLogTest, EveryoneInFileOrderUpToTheFirstLineAfterTheRange)
-{
+    // Everyone, in file order, up to the first line after the range.
     app_->ReportEmployeeName.clear();
     EXPECT_EQ(GenerateIndividualLog(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("INDIV.CSV"),

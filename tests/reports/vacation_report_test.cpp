@@ -72,7 +72,7 @@ TEST_F(VacationReportTest, AGroupNumbersTheTextRowsButTheCsvKeepsTheTableIndex)
     EXPECT_EQ(read("VACATION.CSV"), Lines({"2, =Month, 2026, =Year, as of 11/22/2026 08:00:00"}));
 }
 
-TEST_F(VacationReportTest, ALaterMonthIsLastYearsAfterTheNotice)
+TEST_F(VacationReportTest, ALaterMonthIsLastYearsAfterTheNoticeWithThePresentYearsFebruary)
 {
     // December 2025: days 335 to 365 of that year, with its 31 days.
     add({"Zed", "Amy", "C-4", "1", 0, AttendanceWith({{334, 'V'}, {335, 'S'}, {365, 'T'}, {366, 'X'}})});
@@ -87,16 +87,13 @@ TEST_F(VacationReportTest, ALaterMonthIsLastYearsAfterTheNotice)
                      kColumns, "  1  Zed, Amy" + Blanks(26) + "C-4 S  " + Repeat("-  ", 29) + "T  "}));
     EXPECT_EQ(read("VACATION.CSV"), Lines({"12, =Month, 2025, =Year, as of 11/22/2026 08:00:00",
                                            "4, Zed, Amy, C-4, S, " + Repeat("-, ", 29) + "T, "}));
-}
 
-TEST_F(VacationReportTest, FebruaryOfLastYearHasThePresentYearsLength)
-{
     // In January 2029 February is last year's, 2028, a leap year: its days are 32 to 60 of 2028,
     // but the month has the 28 days of February 2029, so the 29th (day 60) is not shown.
     now(2029, 1, 15, 9, 30, 0);
-    add({"Zed", "Amy", "C-4", "1", 0, AttendanceWith({{32, 'S'}, {59, 'V'}, {60, 'X'}})});
+    app_->Attendance[3] = AttendanceWith({{32, 'S'}, {59, 'V'}, {60, 'X'}});
     app_->ReportMonth = 2;
-    app_->ReportWorkGroup = "C";
+    ui().clearRecords();
     EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(prompts(), std::vector<std::string>{kNotice});
     EXPECT_EQ(read("VACATION.CSV"), Lines({"2, =Month, 2028, =Year, as of 1/15/2029 09:30:00",

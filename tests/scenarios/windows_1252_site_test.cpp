@@ -14,11 +14,6 @@ namespace {
 class Windows1252Site : public ScenarioTest
 {
 protected:
-    void type(const std::string& text)
-    {
-        app_->nameForm().NameOrIDText.userEdit(text);
-        app_->nameForm().NameOrIDText.userKey(keys::Return, keys::Return);
-    }
     void passTest()
     {
         ASSERT_TRUE(testWindowOpen()) << "no test started";
@@ -37,11 +32,11 @@ TEST_F(Windows1252Site, TypedNamesKeepTheFilesCodePageAndTheReportSeesEachPerson
     write("NAMES.TXT", "# 1\r\n# 2\r\n" + NamesLine(Employee{"M\xFCller", "J\xF6rg", "100"}) + "\r\n");
     write("LOG.TXT", "M\xFCller, J\xF6rg, 100, 11-02-2026, 08:00:00, Wok, Lok, Rok, 01.00, 01.00, 01.00\r\n");
     startStation();
-    type("M\xC3\xBCller, J\xC3\xB6rg");
+    typeIn("M\xC3\xBCller, J\xC3\xB6rg");
     passTest();
     ui().answerMsgBox("The badge number 555 was not found.", msgbox::Yes);
     ui().answerInputBox("Please enter your name", "J\xC3\xBCrgen Wei\xC3\x9F");
-    type("555");
+    typeIn("555");
     passTest();
     // The last name retyped: the box holds UTF-8 now, but the same name, so nothing is asked.
     app_->nameForm().mnuName.userClick();
