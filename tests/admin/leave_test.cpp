@@ -83,11 +83,11 @@ TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
         // A comma would end the field in the file: it is refused, and the blank left paints nothing.
         range(f, ",", "1/10/2026", "1/10/2026");
         ASSERT_FALSE(ui().messages().empty());
-        EXPECT_EQ(ui().messages().back().prompt, "Sorry, commas are not allowed in the status.");
+        EXPECT_EQ(lastMessage(), "Sorry, commas are not allowed in the status.");
         EXPECT_EQ(f.leave.StatusText.text(), " ");
         range(f, " ", "1/11/2026", "1/11/2026");
         range(f, "h", "11/5/2026", "bad");
-        EXPECT_EQ(ui().messages().back().prompt, "The Stop date is illegal.  Use 11/22/2026  format.");
+        EXPECT_EQ(lastMessage(), "The Stop date is illegal.  Use 11/22/2026  format.");
         ui().onModal("DispForm", [&](Form& d) {
             auto& viewer = static_cast<DispForm&>(d);
             EXPECT_EQ(viewer.caption(), "Leave Status");
@@ -97,7 +97,7 @@ TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
         });
         f.leave.SummaryBut.userClick();
         f.HelpBut.userClick(); // no help file in the program directory
-        EXPECT_EQ(ui().messages().back().prompt, " Error opening " + app_->HelpVacationPath);
+        EXPECT_EQ(lastMessage(), " Error opening " + app_->HelpVacationPath);
         f.leave.button("HalfDayBut").userClick(); // status 4, dates today
         f.OKBut.userClick();
     });

@@ -66,15 +66,15 @@ TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndATextThatIsNoNumberChangesNothing
 {
     const std::string before = read("NAMES.TXT");
     form().SetDefaultsBut.userClick();
-    EXPECT_EQ(ui().messages().back().prompt, "Setting the limits to DipSw will automatically use the limits that "
-                                             "are set into the combo meter DIP switches.");
+    EXPECT_EQ(lastMessage(), "Setting the limits to DipSw will automatically use the limits that "
+                             "are set into the combo meter DIP switches.");
     form().ChangeWristHiCheck.userClick(); // DipSw: row 1's 10.5 becomes -1
     form().FootHiText.userEdit("abc");
     form().ChangeFootHiCheck.userClick();
     ui().answerMsgBox("Are you sure", msgbox::OK);
     form().OKBut.userClick();
     // The bad foot value is told, nothing is applied, nothing saved, and the window stays.
-    EXPECT_NE(ui().messages().back().prompt.find("\"abc\" is not a number"), std::string::npos);
+    EXPECT_NE(lastMessage().find("\"abc\" is not a number"), std::string::npos);
     EXPECT_TRUE(form().loaded());
     EXPECT_EQ(app_->WristMax[1], 10.5f);
     EXPECT_EQ(read("NAMES.TXT"), before);

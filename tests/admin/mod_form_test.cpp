@@ -92,8 +92,7 @@ TEST_F(EmployeeEditor, AppendOfBlankBoxesGivesPlaceholdersAndTodayAndCommasBecom
     form().BadgeText.userEdit(""); // the window shows the appended row's badge Z
     ui().answerMsgBox("Do you want to modify Y X", msgbox::Yes);
     form().ModifyBut.userClick();
-    EXPECT_EQ(ui().messages().back().prompt,
-              "Sorry, commas are not allowed in the employee's data. They were replaced by blanks.");
+    EXPECT_EQ(lastMessage(), "Sorry, commas are not allowed in the employee's data. They were replaced by blanks.");
     EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(0, 45),
               "Smith  Jr, Y," + std::string(8, ' ') + "7-123:123," + std::string(12, ' ') + "-1");
 }

@@ -15,18 +15,15 @@ class LogAndHelpMenu : public ScenarioTest
 protected:
     LogAndHelpMenu()
     {
-        writeSettings([this](Settings& s) {
+        write("LOG.TXT", "Doe, Jane, 4711, 11/20/2026,  8:00:00, Wok, Lok, Rok,  1.5,  2.5,  3.5\r\n");
+        startWith([this](Settings& s) {
             s.CompanyName = "Acme";
             s.PrinterFontSize = 8;
             s.LogDir = dir_.path() + "/";
         });
-        write("LOG.TXT", "Doe, Jane, 4711, 11/20/2026,  8:00:00, Wok, Lok, Rok,  1.5,  2.5,  3.5\r\n");
-        startStation();
-        ui().clearRecords();
     }
     NameForm& main() { return app_->nameForm(); }
     DispForm& viewer() { return app_->dispForm(); }
-    std::string lastMessage() { return ui().messages().empty() ? "" : ui().messages().back().prompt; }
 };
 
 TEST_F(LogAndHelpMenu, ViewLogShowsTheWholeLogUnderItsHeadingOneSizeLarger)
@@ -111,7 +108,7 @@ TEST_F(LogAndHelpMenu, HelpTextsShowOrSayTheyAreMissing)
     // The three buttons of the failure mean nothing; any of them ends it.
     ui().answerMsgBox(" Error opening ", msgbox::Yes);
     main().mnuNetworkHelp.userClick();
-    EXPECT_EQ(ui().messages().back().prompt, " Error opening " + path("NETWORK.TXT"));
+    EXPECT_EQ(lastMessage(), " Error opening " + path("NETWORK.TXT"));
     EXPECT_EQ(ui().messages().back().buttons & msgbox::ButtonMask, msgbox::YesNoCancel);
     write("NETWORK.TXT", std::string(40000, 'n'));
     main().mnuNetworkHelp.userClick();

@@ -49,7 +49,6 @@ protected:
         ui().advance(2000);
     }
     bool running() { return ui().timerRunning(form().Timer1); }
-    std::string lastMessage() { return ui().messages().empty() ? "" : ui().messages().back().prompt; }
 
     std::vector<std::string> jobs;
 };
