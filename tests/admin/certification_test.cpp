@@ -1,5 +1,4 @@
-// The certification gate: the rhythm of the warnings before the expiry, kept in the employee file,
-// and the three answers to an expired certificate.
+// The certification gate: the warnings before the expiry and the answers to an expired one.
 #include "admin/certification.h"
 #include "data/dates.h"
 #include "station/err_msg_frm.h"

@@ -1,5 +1,4 @@
-// The settings windows behind the Setup menu: what each stores, its fallbacks for bad input, and
-// what the menu does after it (the settings file, the main window, the reader link).
+// The settings windows behind the Setup menu: what each stores, and its fallbacks for bad input.
 #include "admin/config_form.h"
 #include "admin/config_reader_form.h"
 #include "admin/dir_form.h"

@@ -1,6 +1,4 @@
-// The two windows of the Setup menu that configure identification: unknown badges (UnKnowFo) and
-// the certification gate (CertExForm). What they show, what OK stores, what they refuse, and that
-// the menu saves the settings file however the window was closed.
+// The Setup windows of unknown badges and of the certification gate: shown, stored, refused.
 #include "admin/cert_ex_form.h"
 #include "admin/unknown_form.h"
 #include "station/name_form.h"

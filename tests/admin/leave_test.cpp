@@ -1,5 +1,4 @@
-// Leave: the employee's leave window from the test window, the painting of days into the
-// attendance year, and the reset of the rest of the year.
+// Leave: the leave window of the test window, the days painted into the year, the year's reset.
 #include "admin/leave.h"
 #include "admin/sick_form.h"
 #include "reports/disp_form.h"

@@ -1,6 +1,4 @@
-// Enrolment of unknown badges at the station: the questions, the new row made from the defaults
-// as NAMES.TXT then holds it, the refusals, a known name taking over a badge, a full table, and
-// the renaming of the employee from the test window.
+// Unknown badges enrolled at the station, and the employee renamed from the test window.
 #include "admin/unknown_enrolment.h"
 #include "data/settings_file.h"
 #include "station/err_msg_frm.h"

@@ -1,5 +1,4 @@
-// The attendance table: one employee's year of leave letters with the days of the log's tests
-// marked "*", matched on last name, first name and ID with case; the year asked for; the errors.
+// The attendance table: one employee's year of leave letters, the days of the tests marked "*".
 #include "reports/attendance_table.h"
 
 #include "reports/report_test_site.h"

@@ -1,5 +1,4 @@
-// The certification report: who has run out by the report's date, listed under the filters, with
-// the date written with four digits in the text and two in the CSV, and the two phases' errors.
+// The certification report: who has run out by the report's date, under the filters.
 #include "reports/certification_report.h"
 
 #include "reports/report_test_site.h"

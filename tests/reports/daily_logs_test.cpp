@@ -1,5 +1,4 @@
-// The daily and individual logs: the selected log lines, tidied into columns for the text file and
-// kept nearly as they stand for the CSV; the stop rules; the exact name match; the errors.
+// The daily and individual logs: the selected log lines in columns, and nearly as they stand.
 #include "reports/daily_logs.h"
 
 #include "reports/report_test_site.h"

@@ -1,6 +1,4 @@
-// The two exception reports on small sites whose files are worked out from the rules: who is an
-// exception in the text and who in the CSV, the ignored work group, leave letters, the stop rule,
-// the twelve-hour span and the three hours between two tests.
+// The two exception reports on small sites whose files are worked out from the rules.
 #include "reports/exception_reports.h"
 
 #include "data/dates.h"

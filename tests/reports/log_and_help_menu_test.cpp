@@ -1,5 +1,4 @@
-// The menu entries that work on the log itself and the Help menu, driven through the main window's
-// menu as a supervisor uses them.
+// The menu entries that work on the log itself, and the Help menu.
 #include "reports/disp_form.h"
 #include "reports/help_form.h"
 #include "station/name_form.h"

@@ -1,5 +1,4 @@
-// The shared pieces of the report scans: the two log readers on logs as stations write them and as
-// they get spoiled, the work-group test, resistances, the name and ID column and the name lookup.
+// The shared pieces of the report scans: the log readers, work groups, resistances, names.
 #include "reports/log_scan.h"
 
 #include "reports/report_test_site.h"

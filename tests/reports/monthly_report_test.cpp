@@ -1,6 +1,4 @@
-// The monthly report on small sites whose files are worked out from the rules: the last test of a
-// day per strap, the open-circuit rewrite, leave letters, unknown names, the stop rule, filters,
-// the previous year and the error paths.
+// The monthly report on small sites whose files are worked out from the rules.
 #include "reports/monthly_report.h"
 
 #include "reports/report_test_site.h"

@@ -1,5 +1,4 @@
-// The Reports menu around its generators: the prompts and their cancels, the employee chooser, the
-// viewer with its title, heading and size rule, and what reaches the printer.
+// The Reports menu around its generators: prompts, chooser, viewer and printer.
 #include "data/dates.h"
 #include "reports/disp_form.h"
 #include "reports/individual_employee_selection_form.h"

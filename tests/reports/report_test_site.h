@@ -1,5 +1,4 @@
-// A small site for the report tests: the report files in the program directory, employees written
-// to NAMES.TXT and read as a station reads them, a log of lines in the writer's form, and the clock.
+// A small site for the report tests: its files, its employees, a log and the clock.
 #pragma once
 
 #include "data/dates.h"

@@ -1,5 +1,4 @@
-// The vacation report: a month of leave letters for each selected employee, "A" shown as "-",
-// with the monthly report's rule for the year and its notice, and the errors of its two phases.
+// The vacation report: a month of leave letters for each selected employee, "A" shown as "-".
 #include "reports/vacation_report.h"
 
 #include "reports/report_test_site.h"

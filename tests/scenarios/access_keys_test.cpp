@@ -1,5 +1,4 @@
-// Every window of the program from the keyboard: no two controls of one window, and no two entries
-// of one menu level, may share an Alt shortcut, or the key reaches neither of them.
+// No two controls of a window, nor two entries of a menu level, may share an Alt key.
 #include "admin/cert_ex_form.h"
 #include "admin/config_form.h"
 #include "admin/config_reader_form.h"

@@ -1,5 +1,4 @@
-// The report server's runner on virtual time: which entries run when, with which report
-// parameters, what the schedule file holds afterwards, and the ways the runner falls back.
+// The report server's runner on virtual time: which entries run when, and how it falls back.
 #include "automation/auto_frm.h"
 #include "data/dates.h"
 #include "data/names_file.h"

@@ -1,5 +1,4 @@
-// The station's start: its order, what a missing printer, settings file, employee file or port
-// does, the waiting window of each selection mode, and the one-second tick.
+// The station's start with and without its files, the modes of selection and the tick.
 #include "admin/title_form.h"
 #include "station/err_msg_frm.h"
 #include "station/name_form.h"

@@ -1,5 +1,4 @@
-// Whole visits at the station on virtual time: a name picked in the list, the tester's message,
-// the verdict on the screen, the answer to the tester, the log line, and the window's end.
+// Whole visits at the station on virtual time, from the name picked to the window's end.
 #include "build_info.h"
 #include "station/cartoon_form.h"
 #include "station/name_form.h"

@@ -1,5 +1,4 @@
-// How the station collects the tester's message: noise, pieces, the 71st character and the
-// two-second window, and text that comes when no test window is open.
+// How the station collects the tester's message from the pieces the port gives.
 #include "station/rs232_form.h"
 #include "support/scenario.h"
 

@@ -1,6 +1,4 @@
-// A site whose employee file and log come from older stations in the Windows-1252 code page, while
-// what is typed at this station arrives as UTF-8: a name typed, a badge enrolled with its name, a
-// name edited, and the month's report, which must see each person once.
+// A Windows-1252 site typed at in UTF-8: names stay in the file's code page, the report sees one person.
 #include "admin/mod_form.h"
 #include "reports/monthly_report.h"
 #include "station/name_form.h"

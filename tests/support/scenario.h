@@ -1,5 +1,4 @@
-// A whole station on the headless backend: settings and employees written as files, the main
-// window started as the program starts it, and helpers that act as the employee and the tester.
+// A whole station on the headless backend, with helpers that act as the employee and the tester.
 #pragma once
 
 #include "data/settings.h"
