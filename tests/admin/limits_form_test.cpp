@@ -62,9 +62,12 @@ TEST_F(ChangeAllLimits, OnlyTheChosenColumnsChangeAndOnlyRowsThatReallyChangeAre
                 "-1.00, 010.50, 0.00, -1.00,  0, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " + A372 + ", 0, , 0"}));
 }
 
-TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndATextThatIsNoNumberChangesNothing)
+TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndCancelOrATextThatIsNoNumberChangesNothing)
 {
     const std::string before = read("NAMES.TXT");
+    ui().answerMsgBox("Are you sure", msgbox::Cancel); // Cancel of the question keeps the window
+    form().OKBut.userClick();
+    EXPECT_TRUE(form().loaded());
     form().SetDefaultsBut.userClick();
     EXPECT_EQ(lastMessage(), "Setting the limits to DipSw will automatically use the limits that "
                              "are set into the combo meter DIP switches.");
@@ -88,13 +91,8 @@ TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndATextThatIsNoNumberChangesNothing
     EXPECT_EQ(fileLines("NAMES.TXT")[2].back(), '0'); // row 0 was automatic already
 }
 
-TEST_F(ChangeAllLimits, CancelOfTheQuestionKeepsTheWindowAndNoBoxOnStillRewritesTheFile)
+TEST_F(ChangeAllLimits, NoBoxOnStillRewritesTheFile)
 {
-    ui().answerMsgBox("Are you sure", msgbox::Cancel);
-    form().OKBut.userClick();
-    EXPECT_TRUE(form().loaded());
-    EXPECT_EQ(fileLines("NAMES.TXT")[0], "# header 1");
-
     ui().answerMsgBox("Are you sure", msgbox::OK);
     form().OKBut.userClick();
     const auto lines = fileLines("NAMES.TXT");

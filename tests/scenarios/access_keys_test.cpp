@@ -10,6 +10,9 @@
 #include "admin/sick_form.h"
 #include "admin/title_form.h"
 #include "admin/unknown_form.h"
+#include "automation/auto_frm.h"
+#include "automation/log_sort_form.h"
+#include "automation/names_form.h"
 #include "reports/disp_form.h"
 #include "reports/help_form.h"
 #include "reports/individual_employee_selection_form.h"
@@ -76,7 +79,8 @@ TEST_F(AccessKeys, NoWindowHasTwoControlsOrMenuEntriesOnOneKey)
              &a.unKnowFo(),      &a.certExForm(),       &a.limitsForm(),
              &a.sickForm(),      &a.modForm(),          &a.configform(),
              &a.selConfigForm(), &a.conFigReaderForm(), &a.dirForm(),
-             &a.dispForm(),      &a.helpForm(),         &a.individualEmployeeSelectionForm()}) {
+             &a.dispForm(),      &a.helpForm(),         &a.individualEmployeeSelectionForm(),
+             &a.autoFrm(),       &a.logSortForm(),      &a.namesForm()}) {
         // The menu bar's titles answer Alt in the window as its controls do.
         KeyHolders window;
         for (const Control* c : w->controls())
