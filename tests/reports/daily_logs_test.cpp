@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAnEmptyDayGivesEmptyFiles)
+TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAFailedLogLeavesTheLinesWrittenBefore)
 {
     // Short values get blanks in front up to seven characters, a longer one is kept whole; "ComFail"
     // becomes "Com" with its "*" columns widened; the scan stops at the 16th, losing the late line.
@@ -60,10 +60,7 @@ TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAnEmptyDayG
     EXPECT_EQ(GenerateDailyLog(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("DAILY.TXT"), "");
     EXPECT_EQ(read("DAILY.CSV"), "");
-}
 
-TEST_F(DailyLogTest, AMissingLogOrOneThatBreaksOffMidwayLeavesTheFilesWithTheLinesWrittenBefore)
-{
     // Both files are opened before the log: a missing log leaves them empty, not as they were.
     write("DAILY.TXT", "old text");
     write("DAILY.CSV", "old csv");
@@ -73,6 +70,7 @@ TEST_F(DailyLogTest, AMissingLogOrOneThatBreaksOffMidwayLeavesTheFilesWithTheLin
     EXPECT_EQ(read("DAILY.CSV"), "");
     // The read fails inside the third line, after the first selected one, which both files keep.
     app_->LogPath = path("LOG.TXT");
+    app_->ReportDate = DateSerial(2026, 3, 15);
     backend_->files.breakPieceReadsAfter(250);
     EXPECT_EQ(GenerateDailyLog(*app_), ReportOutcome::FailedWithText);
     EXPECT_EQ(prompts(), (std::vector<std::string>{" Error opening Log file to read for daily report",

@@ -92,7 +92,7 @@ TEST_F(LogAndHelpMenu, ResetLogCopiesThenDeletesOnlyAfterTheSecondYes)
     EXPECT_EQ(lastMessage(), " The log file was not copied due to an error, so the file will not be reset.");
 }
 
-TEST_F(LogAndHelpMenu, HelpTextsShowOrSayTheyAreMissing)
+TEST_F(LogAndHelpMenu, HelpTextsShowOrSayTheyAreMissingAndPagesGoThroughTheDesktopsOpener)
 {
     main().mnuSimpleHelp.userClick();
     EXPECT_EQ(lastMessage(), " Error opening help file");
@@ -116,10 +116,8 @@ TEST_F(LogAndHelpMenu, HelpTextsShowOrSayTheyAreMissing)
     EXPECT_EQ(viewer().TextBox1.text().size(), 40000u);
     EXPECT_EQ(viewer().TextBox1.fontSize(), 9);
     EXPECT_TRUE(backend_->programs.runs.empty());
-}
 
-TEST_F(LogAndHelpMenu, ManualAndWebPagesGoThroughTheDesktopsOpenerWithTheirFallbacks)
-{
+    ui().clearRecords();
     auto& programs = backend_->programs;
     main().mnuUserManual.userClick();
     EXPECT_EQ(programs.opened, (std::vector<std::string>{path("RX4410Manual.pdf"), path("RX4410Manual.pdf")}));

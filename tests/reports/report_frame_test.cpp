@@ -85,7 +85,7 @@ TEST_F(ReportFrame, TypedDatesAreRepairedForDayFirstDesktopsAndMovedACenturyOn)
     EXPECT_EQ(RepairReportDate(DateSerial(1996, 5, 6), 10, 2026), DateSerial(1996, 5, 6));
 }
 
-TEST_F(ReportFrame, DatePromptsOfferTodayAndEndQuietlyOrWithIllegalDate)
+TEST_F(ReportFrame, DateMonthAndWorkGroupPromptsDecideWhetherTheReportRunsAndForWhom)
 {
     ui().answerInputBox("date of the day", "1/2/30");
     ui().answerInputBox("work group", "A");
@@ -112,10 +112,9 @@ TEST_F(ReportFrame, DatePromptsOfferTodayAndEndQuietlyOrWithIllegalDate)
     ui().answerInputBox("work group", "A");
     ReportHandler(*app_, report_kinds::Certification, generator("CERTIF.TXT"));
     EXPECT_EQ(app_->ReportDate, DateSerial(2026, 3, 4));
-}
+    seen.clear();
+    app_->ReportDate = 0;
 
-TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
-{
     // Month 13 passes the prompt; an emptied work-group box cancels; a text without a number is 0.
     answerMonthAndGroup("13", "");
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
@@ -147,7 +146,7 @@ TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
     EXPECT_EQ(seen.back(), "3|0|||-1");
 }
 
-TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewer)
+TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewerAndPrintingPrintsTheSelectionPerCopy)
 {
     const auto show = [this] {
         ViewerRequest r;
@@ -179,10 +178,7 @@ TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewer)
     ASSERT_EQ(backend_->programs.runs.size(), 2u);
     EXPECT_EQ(backend_->programs.runs[1].commandLine, "'/opt/viewer' '" + path("BIG.TXT") + "'");
     EXPECT_TRUE(viewer().visible());
-}
 
-TEST_F(ReportFrame, PrintingFromTheViewerPrintsTheSelectionUnderTheCaptionPerCopy)
-{
     write("REPORT.TXT", "a\r\nb\r\nc\r\n");
     ViewerRequest r;
     r.path = path("REPORT.TXT");

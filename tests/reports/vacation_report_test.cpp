@@ -28,7 +28,7 @@ protected:
     const std::string poe = " Poe, Edgar" + Blanks(24) + "A-3 ";
 };
 
-TEST_F(VacationReportTest, FebruaryShowsEachDaysLetterUnderItsNumber)
+TEST_F(VacationReportTest, FebruaryShowsEachDaysLetterAndAGroupNumbersTheTextRowsButTheCsvKeepsTheTableIndex)
 {
     // February has the present year's 28 days; the letters of 31 January and 1 March stay out.
     app_->ReportMonth = 2;
@@ -46,12 +46,8 @@ TEST_F(VacationReportTest, FebruaryShowsEachDaysLetterUnderItsNumber)
                                            "3, Poe, Edgar, A-3, " + Repeat("-, ", 28)}));
     EXPECT_TRUE(prompts().empty());
     EXPECT_FALSE(backend_->ui.busy());
-}
 
-TEST_F(VacationReportTest, AGroupNumbersTheTextRowsButTheCsvKeepsTheTableIndex)
-{
     // Doe and Poe are rows 1 and 2 of the text; in the CSV they stay 1 and 3.
-    app_->ReportMonth = 2;
     app_->ReportWorkGroup = "A";
     EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::Done);
     const std::string text = read("VACATION.TXT");
