@@ -65,7 +65,7 @@ TEST_F(AdminGate, TheRightPasswordOpensTheGateForTheMinutesFromItsLastPassageOrU
     EXPECT_TRUE(ui().messages().empty());
 }
 
-TEST_F(AdminGate, AWrongAnswerMayBeTriedAgainOrGivenUpAndCancelIsNoAnswer)
+TEST_F(AdminGate, AWrongAnswerMayBeTriedAgainOrGivenUpCancelIsNoAnswerAndExitStandsBehindTheGate)
 {
     start("secret");
     answerPassword("guess");
@@ -94,11 +94,8 @@ TEST_F(AdminGate, AWrongAnswerMayBeTriedAgainOrGivenUpAndCancelIsNoAnswer)
         f.userClose();
     });
     EXPECT_EQ(CheckPassWord(*app_), False);
-}
 
-TEST_F(AdminGate, ExitMinimiseAndTheCloseBoxOfTheMainWindowStandBehindTheGate)
-{
-    start("secret");
+    // Exit, Minimize and the main window's close box stand behind the gate.
     cancelPassword();
     main().userClose();
     EXPECT_TRUE(main().loaded());
