@@ -1,5 +1,4 @@
-// The certification gate: the rhythm of the warnings before the expiry, kept in the employee file,
-// and the three answers to an expired certificate.
+// The certification gate: the warnings before the expiry and the answers to an expired one.
 #include "admin/certification.h"
 #include "data/dates.h"
 #include "station/err_msg_frm.h"
@@ -14,18 +13,13 @@ class Certification : public ScenarioTest
 {
 protected:
     // A reader station, so that the error window closes by itself; the day is 11/22/2026.
-    void start(int advanceDays, int intervalDays, int accessMode = 0, const std::string& password = "")
+    void start(int advanceDays, int intervalDays)
     {
-        writeSettings([&](Settings& s) {
+        startWith([&](Settings& s) {
             s.BarCodeFlag = 1;
             s.CertWarnAdvanceDays = static_cast<int16>(advanceDays);
             s.CertWarnIntervalDays = static_cast<int16>(intervalDays);
-            s.CertAccessMode = static_cast<int16>(accessMode);
-            s.CertAccessPassword = password;
         });
-        writeEmployees({Employee{}});
-        startStation();
-        ui().clearRecords();
     }
     // The gate for row 0 with its expiry this many days from today.
     int check(int daysLeft)
@@ -71,7 +65,7 @@ TEST_F(Certification, AWarningEverySevenDaysOfTheLastThirtyAndOnTheLastDay)
     EXPECT_EQ(app_->UpdateFlag[0], -1);
 }
 
-TEST_F(Certification, WithoutAnIntervalEveryLoginWarnsUnsavedAndWithoutAPeriodACountdownIsCleared)
+TEST_F(Certification, WithoutAnIntervalOrAPeriodTheWarningsChangeAndAnExpiredCertificateIsLetThroughRefusedOrAskedFor)
 {
     start(30, 0);
     const std::string file = read("NAMES.TXT");
@@ -89,11 +83,9 @@ TEST_F(Certification, WithoutAnIntervalEveryLoginWarnsUnsavedAndWithoutAPeriodAC
     EXPECT_EQ(errorTitles().size(), 2u);
     EXPECT_EQ(app_->CertWarning[0], 0);
     EXPECT_EQ(app_->UpdateFlag[0], -1); // read back from the file
-}
 
-TEST_F(Certification, AnExpiredCertificateIsLetThroughRefusedOrAskedForItsPassword)
-{
-    start(30, 7, 1);
+    ui().clearRecords();
+    app_->CertAccessMode = 1;
     EXPECT_EQ(check(-1), 0);
     EXPECT_EQ(errorTitles(), (std::vector<std::string>{"Certificate Expired"}));
 

@@ -1,5 +1,4 @@
-// Leave: the employee's leave window from the test window, the painting of days into the
-// attendance year, and the reset of the rest of the year.
+// Leave: the leave window of the test window, the days painted into the year, the year's reset.
 #include "admin/leave.h"
 #include "admin/sick_form.h"
 #include "reports/disp_form.h"
@@ -83,11 +82,11 @@ TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
         // A comma would end the field in the file: it is refused, and the blank left paints nothing.
         range(f, ",", "1/10/2026", "1/10/2026");
         ASSERT_FALSE(ui().messages().empty());
-        EXPECT_EQ(ui().messages().back().prompt, "Sorry, commas are not allowed in the status.");
+        EXPECT_EQ(lastMessage(), "Sorry, commas are not allowed in the status.");
         EXPECT_EQ(f.leave.StatusText.text(), " ");
         range(f, " ", "1/11/2026", "1/11/2026");
         range(f, "h", "11/5/2026", "bad");
-        EXPECT_EQ(ui().messages().back().prompt, "The Stop date is illegal.  Use 11/22/2026  format.");
+        EXPECT_EQ(lastMessage(), "The Stop date is illegal.  Use 11/22/2026  format.");
         ui().onModal("DispForm", [&](Form& d) {
             auto& viewer = static_cast<DispForm&>(d);
             EXPECT_EQ(viewer.caption(), "Leave Status");
@@ -97,7 +96,7 @@ TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
         });
         f.leave.SummaryBut.userClick();
         f.HelpBut.userClick(); // no help file in the program directory
-        EXPECT_EQ(ui().messages().back().prompt, " Error opening " + app_->HelpVacationPath);
+        EXPECT_EQ(lastMessage(), " Error opening " + app_->HelpVacationPath);
         f.leave.button("HalfDayBut").userClick(); // status 4, dates today
         f.OKBut.userClick();
     });
@@ -124,19 +123,7 @@ TEST(LeaveSummary, OneLineAMonthWithThePositionsRunningOnThroughTheYear)
     attendance[59] = 'S';  // day 60: 29 February in a leap year, 1 March in another
     attendance[60] = 'V';  // day 61
     attendance[365] = 'h'; // day 366: only a leap year has it
-    const auto lines = [&](int year) {
-        std::vector<std::string> out;
-        const std::string text = LeaveSummaryText(year, "Jane", "Doe", "12-34", attendance);
-        for (size_t start = 0, end; (end = text.find("\r\n", start)) != std::string::npos; start = end + 2)
-            out.push_back(text.substr(start, end - start));
-        return out;
-    };
-    const auto repeat = [](const std::string& part, int times) {
-        std::string s;
-        for (int i = 0; i < times; ++i)
-            s += part;
-        return s;
-    };
+    const auto lines = [&](int year) { return CrLfLines(LeaveSummaryText(year, "Jane", "Doe", "12-34", attendance)); };
     const auto leap = lines(2024);
     ASSERT_EQ(leap.size(), 17u);
     EXPECT_EQ(leap[0], std::string(28, ' ') + "Leave Status in 2024 for Jane Doe ID# 12-34");
@@ -145,20 +132,18 @@ TEST(LeaveSummary, OneLineAMonthWithThePositionsRunningOnThroughTheYear)
     EXPECT_EQ(leap[3].substr(0, 11), "Mo 01 02 03");
     EXPECT_EQ(leap[3].size(), 2u + 31 * 3);
     EXPECT_EQ(leap[4], std::string(96, '-'));
-    EXPECT_EQ(leap[5], "01  " + repeat("A  ", 31));
-    EXPECT_EQ(leap[6], "02  " + repeat("A  ", 28) + "S  ");
-    EXPECT_EQ(leap[7], "03  V  " + repeat("A  ", 30));
-    EXPECT_EQ(leap[16], "12  " + repeat("A  ", 30) + "h  ");
+    EXPECT_EQ(leap[5], "01  " + Repeat("A  ", 31));
+    EXPECT_EQ(leap[6], "02  " + Repeat("A  ", 28) + "S  ");
+    EXPECT_EQ(leap[7], "03  V  " + Repeat("A  ", 30));
+    EXPECT_EQ(leap[16], "12  " + Repeat("A  ", 30) + "h  ");
 
     const auto plain = lines(2026);
-    EXPECT_EQ(plain[6], "02  " + repeat("A  ", 28));
-    EXPECT_EQ(plain[7], "03  S  V  " + repeat("A  ", 29));
-    EXPECT_EQ(plain[16], "12  " + repeat("A  ", 31));
+    EXPECT_EQ(plain[6], "02  " + Repeat("A  ", 28));
+    EXPECT_EQ(plain[7], "03  S  V  " + Repeat("A  ", 29));
+    EXPECT_EQ(plain[16], "12  " + Repeat("A  ", 31));
 }
 
-class ResetLeave : public ScenarioTest
-{
-};
+using ResetLeave = ScenarioTest;
 
 TEST_F(ResetLeave, TheRestOfTheYearBecomesAvailableAfterTwoYeses)
 {

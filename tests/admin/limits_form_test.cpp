@@ -62,19 +62,22 @@ TEST_F(ChangeAllLimits, OnlyTheChosenColumnsChangeAndOnlyRowsThatReallyChangeAre
                 "-1.00, 010.50, 0.00, -1.00,  0, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " + A372 + ", 0, , 0"}));
 }
 
-TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndATextThatIsNoNumberChangesNothing)
+TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndCancelOrATextThatIsNoNumberChangesNothing)
 {
     const std::string before = read("NAMES.TXT");
+    ui().answerMsgBox("Are you sure", msgbox::Cancel); // Cancel of the question keeps the window
+    form().OKBut.userClick();
+    EXPECT_TRUE(form().loaded());
     form().SetDefaultsBut.userClick();
-    EXPECT_EQ(ui().messages().back().prompt, "Setting the limits to DipSw will automatically use the limits that "
-                                             "are set into the combo meter DIP switches.");
+    EXPECT_EQ(lastMessage(), "Setting the limits to DipSw will automatically use the limits that "
+                             "are set into the combo meter DIP switches.");
     form().ChangeWristHiCheck.userClick(); // DipSw: row 1's 10.5 becomes -1
     form().FootHiText.userEdit("abc");
     form().ChangeFootHiCheck.userClick();
     ui().answerMsgBox("Are you sure", msgbox::OK);
     form().OKBut.userClick();
     // The bad foot value is told, nothing is applied, nothing saved, and the window stays.
-    EXPECT_NE(ui().messages().back().prompt.find("\"abc\" is not a number"), std::string::npos);
+    EXPECT_NE(lastMessage().find("\"abc\" is not a number"), std::string::npos);
     EXPECT_TRUE(form().loaded());
     EXPECT_EQ(app_->WristMax[1], 10.5f);
     EXPECT_EQ(read("NAMES.TXT"), before);
@@ -88,13 +91,8 @@ TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndATextThatIsNoNumberChangesNothing
     EXPECT_EQ(fileLines("NAMES.TXT")[2].back(), '0'); // row 0 was automatic already
 }
 
-TEST_F(ChangeAllLimits, CancelOfTheQuestionKeepsTheWindowAndNoBoxOnStillRewritesTheFile)
+TEST_F(ChangeAllLimits, NoBoxOnStillRewritesTheFile)
 {
-    ui().answerMsgBox("Are you sure", msgbox::Cancel);
-    form().OKBut.userClick();
-    EXPECT_TRUE(form().loaded());
-    EXPECT_EQ(fileLines("NAMES.TXT")[0], "# header 1");
-
     ui().answerMsgBox("Are you sure", msgbox::OK);
     form().OKBut.userClick();
     const auto lines = fileLines("NAMES.TXT");

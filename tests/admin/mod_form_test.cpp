@@ -92,13 +92,12 @@ TEST_F(EmployeeEditor, AppendOfBlankBoxesGivesPlaceholdersAndTodayAndCommasBecom
     form().BadgeText.userEdit(""); // the window shows the appended row's badge Z
     ui().answerMsgBox("Do you want to modify Y X", msgbox::Yes);
     form().ModifyBut.userClick();
-    EXPECT_EQ(ui().messages().back().prompt,
-              "Sorry, commas are not allowed in the employee's data. They were replaced by blanks.");
+    EXPECT_EQ(lastMessage(), "Sorry, commas are not allowed in the employee's data. They were replaced by blanks.");
     EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(0, 45),
               "Smith  Jr, Y," + std::string(8, ' ') + "7-123:123," + std::string(12, ' ') + "-1");
 }
 
-TEST_F(EmployeeEditor, InsertPutsTheNewRowBeforeTheOneShownAndDeleteNeverEmptiesTheTable)
+TEST_F(EmployeeEditor, InsertPutsTheNewRowBeforeTheOneShownDeleteMovesTheRestUpAndABigLineNumberIsTheLast)
 {
     open({Employee{"Ash", "Al", "1"}, Employee{"Bay", "Bo", "2"}});
     form().NextBut.userClick(); // Bay shows on line 2
@@ -120,11 +119,9 @@ TEST_F(EmployeeEditor, InsertPutsTheNewRowBeforeTheOneShownAndDeleteNeverEmpties
     ASSERT_EQ(lines.size(), 4u);
     EXPECT_EQ(lines[3].substr(0, 4), "Bay,");
     EXPECT_EQ(form().LastNameText.text(), "Bay"); // line 2 shows the row that moved up
-}
 
-TEST_F(EmployeeEditor, ALineNumberFarBeyondTheTableStoresTheLastRow)
-{
-    open({Employee{"Ash", "Al", "1"}, Employee{"Bay", "Bo", "2"}});
+    // Ash shown, and a line number far beyond the table: the last row is stored.
+    form().PreviousBut.userClick();
     form().UserNumText.userEdit("1e10");
     form().LastNameText.userEdit("Cole");
     ui().answerMsgBox("Do you want to modify Al Ash", msgbox::Yes);

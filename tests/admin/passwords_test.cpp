@@ -15,15 +15,13 @@ class AdminGate : public ScenarioTest
 protected:
     void start(const std::string& password, int minutes = 0)
     {
-        writeSettings([&](Settings& s) {
+        startWith([&](Settings& s) {
             s.AdminPassword = password;
             s.MinutesToUsePassword = static_cast<int16>(minutes);
         });
-        startStation();
-        ui().clearRecords();
     }
     NameForm& main() { return app_->nameForm(); }
-    size_t prompts()
+    size_t passwordWindows()
     {
         return static_cast<size_t>(std::count(ui().journal().begin(), ui().journal().end(), "modal PassForm"));
     }
@@ -33,14 +31,14 @@ TEST_F(AdminGate, WithNoMainPasswordTheGateIsOpenWithoutAPromptAndUsingItSaysSo)
 {
     start("");
     EXPECT_EQ(CheckPassWord(*app_), True);
-    EXPECT_EQ(prompts(), 0u);
+    EXPECT_EQ(passwordWindows(), 0u);
     main().mnuUsePassWord.userClick();
-    ASSERT_EQ(ui().messages().size(), 1u);
-    EXPECT_EQ(ui().messages()[0].prompt,
-              " There is no password entered.  Please use the Change Password item to create a password.");
+    EXPECT_EQ(prompts(),
+              (std::vector<std::string>{
+                  " There is no password entered.  Please use the Change Password item to create a password."}));
 }
 
-TEST_F(AdminGate, TheRightPasswordOpensTheGateForTheMinutesFromItsLastPassage)
+TEST_F(AdminGate, TheRightPasswordOpensTheGateForTheMinutesFromItsLastPassageOrUntilClosedByHand)
 {
     // Two minutes: a second passage at 1.5 minutes, without a prompt, restarts the full time.
     start("secret", 2);
@@ -49,17 +47,15 @@ TEST_F(AdminGate, TheRightPasswordOpensTheGateForTheMinutesFromItsLastPassage)
     EXPECT_EQ(app_->EnteredPassword, "secret");
     ui().advance(90000);
     EXPECT_EQ(CheckPassWord(*app_), True);
-    EXPECT_EQ(prompts(), 1u);
+    EXPECT_EQ(passwordWindows(), 1u);
     ui().advance(119000);
     EXPECT_EQ(app_->EnteredPassword, "secret");
     ui().advance(2000);
     EXPECT_EQ(app_->EnteredPassword, "");
     EXPECT_FALSE(main().PasswordExpirationTimer.enabled());
-}
 
-TEST_F(AdminGate, WithNoMinutesTheGateStaysOpenUntilClosedByHand)
-{
-    start("secret", 0);
+    // No minutes: open for an hour and more, until the menu entry closes it without a word.
+    app_->MinutesToUsePassword = 0;
     answerPassword("secret");
     CheckPassWord(*app_);
     ui().advance(3600 * 1000);
@@ -69,7 +65,7 @@ TEST_F(AdminGate, WithNoMinutesTheGateStaysOpenUntilClosedByHand)
     EXPECT_TRUE(ui().messages().empty());
 }
 
-TEST_F(AdminGate, AWrongPasswordMayBeTriedAgainOrGivenUp)
+TEST_F(AdminGate, AWrongAnswerMayBeTriedAgainOrGivenUpCancelIsNoAnswerAndExitStandsBehindTheGate)
 {
     start("secret");
     answerPassword("guess");
@@ -82,11 +78,7 @@ TEST_F(AdminGate, AWrongPasswordMayBeTriedAgainOrGivenUp)
     ui().answerMsgBox("The password is incorrect", msgbox::Cancel);
     EXPECT_EQ(CheckPassWord(*app_), False);
     EXPECT_EQ(app_->EnteredPassword, "guess"); // harmless: it is not the password
-}
 
-TEST_F(AdminGate, CancelAndAnEmptyAnswer)
-{
-    start("secret");
     cancelPassword();
     EXPECT_EQ(CheckPassWord(*app_), False);
     EXPECT_EQ(app_->EnteredPassword, CancelMarker);
@@ -102,11 +94,8 @@ TEST_F(AdminGate, CancelAndAnEmptyAnswer)
         f.userClose();
     });
     EXPECT_EQ(CheckPassWord(*app_), False);
-}
 
-TEST_F(AdminGate, ExitMinimiseAndTheCloseBoxOfTheMainWindowStandBehindTheGate)
-{
-    start("secret");
+    // Exit, Minimize and the main window's close box stand behind the gate.
     cancelPassword();
     main().userClose();
     EXPECT_TRUE(main().loaded());
@@ -121,9 +110,15 @@ TEST_F(AdminGate, ExitMinimiseAndTheCloseBoxOfTheMainWindowStandBehindTheGate)
     EXPECT_TRUE(backend_->ui.quitRequested());
 }
 
-TEST_F(AdminGate, ChangingTheMainPasswordAsksTheOldOneAndConfirmsTheNew)
+TEST_F(AdminGate, APasswordChangeWantsTheOldOneAndTheNewOneTwice)
 {
     start("old");
+    cancelPassword(); // a cancel counts as a wrong answer here
+    main().mnuChangePassWord.userClick();
+    EXPECT_EQ(prompts(), (std::vector<std::string>{"Old password is incorrect"}));
+    EXPECT_EQ(app_->AdminPassword, "old");
+
+    ui().clearRecords();
     answerPassword("old");
     answerPassword("new1");
     answerPassword("typo"); // no match: asked for the new one again, without a message
@@ -134,27 +129,13 @@ TEST_F(AdminGate, ChangingTheMainPasswordAsksTheOldOneAndConfirmsTheNew)
     EXPECT_EQ(app_->EnteredPassword, "new2"); // the gate stands open for it
     EXPECT_TRUE(ui().messages().empty());
     EXPECT_NE(read("ZANDOLT.INI").find("\r\nnew2, Password for administrator (main password)\r\n"), std::string::npos);
-}
 
-TEST_F(AdminGate, AWrongOldPasswordChangesNothing)
-{
-    start("old");
-    cancelPassword(); // a cancel counts as a wrong answer here
-    main().mnuChangePassWord.userClick();
-    ASSERT_EQ(ui().messages().size(), 1u);
-    EXPECT_EQ(ui().messages()[0].prompt, "Old password is incorrect");
-    EXPECT_EQ(app_->AdminPassword, "old");
-}
-
-TEST_F(AdminGate, TheEmployeePasswordChangeGivesTheGateBack)
-{
-    start("adm");
-    answerPassword("adm");
+    // The employees' password, behind the open gate, gives the gate back as it was.
     answerPassword("emp");
     answerPassword("emp");
     main().mnuChangeEmployeePassword.userClick();
     EXPECT_EQ(app_->VacationPassword, "emp");
-    EXPECT_EQ(app_->EnteredPassword, "adm");
+    EXPECT_EQ(app_->EnteredPassword, "new2");
     EXPECT_NE(read("ZANDOLT.INI").find("\r\nemp, Password to allow employees"), std::string::npos);
 }
 
@@ -169,17 +150,7 @@ protected:
     }
 };
 
-TEST_F(EmployeeTestPassword, TheRightPasswordStartsTheTestAndLeavesTheGateAsItWas)
-{
-    app_->EnteredPassword = "whatever";
-    answerPassword("1234");
-    pickName(0);
-    EXPECT_TRUE(testWindowOpen());
-    EXPECT_EQ(app_->EnteredPassword, "whatever");
-    EXPECT_TRUE(app_->rs232Form().PasswordBut.visible());
-}
-
-TEST_F(EmployeeTestPassword, ThreeWrongAnswersEndWithoutATestOrAMessageAndWhoHasNoPasswordIsNotAsked)
+TEST_F(EmployeeTestPassword, ThreeWrongAnswersEndWithoutATestOrAMessageAndTheRightOneLeavesTheGateAsItWas)
 {
     std::vector<std::string> promptsSeen;
     for (int i = 0; i < 3; ++i)
@@ -197,29 +168,31 @@ TEST_F(EmployeeTestPassword, ThreeWrongAnswersEndWithoutATestOrAMessageAndWhoHas
                                                      "Sorry, that is not the correct password. Please try again."}));
     pickName(1); // a password window left unanswered would stop the test
     EXPECT_TRUE(testWindowOpen());
+    CloseTestWindow(*app_);
+
+    app_->EnteredPassword = "whatever";
+    answerPassword("1234");
+    pickName(0);
+    EXPECT_TRUE(testWindowOpen());
+    EXPECT_EQ(app_->EnteredPassword, "whatever");
+    EXPECT_TRUE(app_->rs232Form().PasswordBut.visible());
 }
 
-TEST_F(EmployeeTestPassword, ThePasswordButtonSetsTheOwnPasswordInTheEmployeeFile)
+TEST_F(EmployeeTestPassword, ThePasswordButtonSetsTheOwnPasswordOnceConfirmed)
 {
     answerPassword("1234");
     pickName(0);
     answerPassword("5678");
-    answerPassword("5678");
-    app_->rs232Form().PasswordBut.userClick();
-    const std::string names = read("NAMES.TXT");
-    EXPECT_NE(names.find(", 0, 5678, 1\r\n"), std::string::npos);
-    EXPECT_TRUE(app_->rs232Form().LeaveFormTimer.enabled());
-}
-
-TEST_F(EmployeeTestPassword, ACancelledConfirmationAsksForTheNewPasswordAgain)
-{
-    answerPassword("1234");
-    pickName(0);
-    answerPassword("5678");
-    cancelPassword();
+    cancelPassword(); // a cancelled confirmation asks for the new password again
     cancelPassword(); // the cancel of the first prompt ends it
     app_->rs232Form().PasswordBut.userClick();
     EXPECT_NE(read("NAMES.TXT").find(", 0, 1234, 0\r\n"), std::string::npos);
+
+    answerPassword("5678");
+    answerPassword("5678");
+    app_->rs232Form().PasswordBut.userClick();
+    EXPECT_NE(read("NAMES.TXT").find(", 0, 5678, 1\r\n"), std::string::npos);
+    EXPECT_TRUE(app_->rs232Form().LeaveFormTimer.enabled());
 }
 
 } // namespace

@@ -1,6 +1,4 @@
-// Enrolment of unknown badges at the station: the questions, the new row made from the defaults
-// as NAMES.TXT then holds it, the refusals, a known name taking over a badge, a full table, and
-// the renaming of the employee from the test window.
+// Unknown badges enrolled at the station, and the employee renamed from the test window.
 #include "admin/unknown_enrolment.h"
 #include "data/settings_file.h"
 #include "station/err_msg_frm.h"
@@ -11,24 +9,23 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 namespace zandolt::testing {
 namespace {
 
 const std::string Days372(372, 'A');
 
-TEST(SplitNameAnswer, TheLastWordIsTheLastName)
+TEST(SplitNameAnswer, TheLastWordIsTheLastNameAndACommaIsABlank)
 {
-    const NameParts mary = SplitNameAnswer("  Mary Ann  Smith ");
-    EXPECT_EQ(mary.first, "Mary Ann");
-    EXPECT_EQ(mary.last, "Smith");
-    const NameParts one = SplitNameAnswer("Smith");
-    EXPECT_EQ(one.first, "");
-    EXPECT_EQ(one.last, "Smith");
-    EXPECT_EQ(SplitNameAnswer("   ").last, "");
-    const NameParts comma = SplitNameAnswer("Smith,Mary");
-    EXPECT_EQ(comma.first, "Smith");
-    EXPECT_EQ(comma.last, "Mary");
+    const std::vector<std::array<std::string, 3>> cases{{"  Mary Ann  Smith ", "Mary Ann", "Smith"},
+                                                        {"Smith", "", "Smith"},
+                                                        {"   ", "", ""},
+                                                        {"Smith,Mary", "Smith", "Mary"}};
+    for (const auto& [answer, first, last] : cases) {
+        const NameParts parts = SplitNameAnswer(answer);
+        EXPECT_EQ(parts.first + "|" + parts.last, first + "|" + last) << answer;
+    }
 }
 
 class Enrolment : public ScenarioTest
@@ -38,7 +35,8 @@ protected:
     // feet on the tester's switches, both straps required.
     void start(int addUnknownFlag, const std::vector<Employee>& staff = {Employee{}})
     {
-        writeSettings([&](Settings& s) {
+        writeEmployees(staff);
+        startWith([&](Settings& s) {
             s.EmployeeSelectionType = 2;
             s.AddUnknownFlag = static_cast<int16>(addUnknownFlag);
             s.DefaultWorkGroup = "NEW";
@@ -49,16 +47,7 @@ protected:
             s.DefaultWristRequired = True;
             s.DefaultFootRequired = True;
         });
-        writeEmployees(staff);
-        startStation();
         namesBefore = read("NAMES.TXT");
-        ui().clearRecords();
-    }
-    void type(const std::string& text)
-    {
-        NameForm& f = app_->nameForm();
-        f.NameOrIDText.userEdit(text);
-        f.NameOrIDText.userKey(keys::Return, keys::Return);
     }
     // The employee lines of NAMES.TXT, without the two header lines.
     std::vector<std::string> namesLines()
@@ -67,7 +56,7 @@ protected:
         return {lines.begin() + 2, lines.end()};
     }
     // The message boxes' prompts; input boxes are left out.
-    std::vector<std::string> prompts()
+    std::vector<std::string> questions()
     {
         std::vector<std::string> p;
         for (const auto& m : ui().messages())
@@ -82,7 +71,7 @@ TEST_F(Enrolment, AnUnknownBadgeBecomesNumberWithTheDefaultsAndTestsAtOnce)
 {
     start(1);
     ui().answerMsgBox("The badge number 12345 was not found.\nAdd it to the list?", msgbox::Yes);
-    type("12345");
+    typeIn("12345");
 
     // Name padded to 21, "NEW-12345:12345, " padded to 43, limits in the wide form; dates today.
     const std::vector<std::string> lines = namesLines();
@@ -100,42 +89,31 @@ TEST_F(Enrolment, AnUnknownBadgeBecomesNumberWithTheDefaultsAndTestsAtOnce)
                                                    "Wok, Lok, Rok, 03.50, 12.00, 11.20"});
 }
 
-TEST_F(Enrolment, TheNameAskedForIsSplitAtItsLastBlank)
-{
-    start(3);
-    ui().answerMsgBox("Add it to the list?", msgbox::Yes);
-    ui().answerInputBox("Please enter your name (Ana Weller).\nThen press the enter key.", "Mary Ann Smith");
-    type("777");
-    ASSERT_TRUE(testWindowOpen());
-    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Smith, Mary Ann");
-    EXPECT_EQ(namesLines().at(1).substr(0, 43), "Smith, Mary Ann,     NEW-777:777,          ");
-}
-
 TEST_F(Enrolment, RefusedAnswersLeaveTheFileAsItWas)
 {
     start(3);
     // No, an empty name, a name of one word (told with the badge's own name, as the typed one
     // isn't taken yet), and a name that is in use.
     ui().answerMsgBox("Add it to the list?", msgbox::No);
-    type("501");
+    typeIn("501");
     ui().answerMsgBox("Add it to the list?", msgbox::Yes);
     ui().answerInputBox("Please enter your name", "");
-    type("502");
+    typeIn("502");
     ui().answerMsgBox("Add it to the list?", msgbox::Yes);
     ui().answerInputBox("Please enter your name", "Smith");
-    type("503");
+    typeIn("503");
     ui().answerMsgBox("Add it to the list?", msgbox::Yes);
     ui().answerInputBox("Please enter your name", "Jane Doe");
-    type("504");
-    type("50,5"); // a comma can't be stored: not even asked
+    typeIn("504");
+    typeIn("50,5"); // a comma can't be stored: not even asked
 
-    EXPECT_EQ(prompts(), (std::vector<std::string>{"The badge number 501 was not found.\nAdd it to the list?",
-                                                   "The badge number 502 was not found.\nAdd it to the list?",
-                                                   "No name was entered.",
-                                                   "The badge number 503 was not found.\nAdd it to the list?",
-                                                   "No first name found in 503, Number",
-                                                   "The badge number 504 was not found.\nAdd it to the list?",
-                                                   "The name Doe, Jane is already in use."}));
+    EXPECT_EQ(questions(), (std::vector<std::string>{"The badge number 501 was not found.\nAdd it to the list?",
+                                                     "The badge number 502 was not found.\nAdd it to the list?",
+                                                     "No name was entered.",
+                                                     "The badge number 503 was not found.\nAdd it to the list?",
+                                                     "No first name found in 503, Number",
+                                                     "The badge number 504 was not found.\nAdd it to the list?",
+                                                     "The name Doe, Jane is already in use."}));
     EXPECT_FALSE(testWindowOpen());
     EXPECT_EQ(read("NAMES.TXT"), namesBefore);
     EXPECT_EQ(app_->EmployeeCount, 1);
@@ -149,7 +127,7 @@ TEST_F(Enrolment, AKnownNameMayTakeOverTheNewBadgeAndKeepsItsId)
     ui().answerMsgBox(
         "The name Doe, Jane is already in use.\nDo you want to change the ID number to this new badge# of 9090",
         msgbox::Yes);
-    type("9090");
+    typeIn("9090");
     ASSERT_TRUE(testWindowOpen());
     EXPECT_EQ(app_->EmployeeCount, 1);
     EXPECT_EQ(app_->IDNum[0], "ASM-4711");
@@ -160,18 +138,16 @@ TEST_F(Enrolment, AKnownNameMayTakeOverTheNewBadgeAndKeepsItsId)
 TEST_F(Enrolment, ATextWithoutADigitAfterTrimmingIsAName)
 {
     // A scanned "12-ABC" cut to its last three characters is "ABC": no number, so no enrolment.
-    writeSettings([](Settings& s) {
+    startWith([](Settings& s) {
         s.EmployeeSelectionType = 2;
         s.BarCodeFlag = 1;
         s.UseLastChars = 3;
         s.AddUnknownFlag = 1;
     });
-    startStation();
-    ui().clearRecords();
     std::string seen;
     ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
-    type("12-ABC");
-    EXPECT_TRUE(prompts().empty());
+    typeIn("12-ABC");
+    EXPECT_TRUE(questions().empty());
     EXPECT_EQ(seen, "Incorrect entry|Sorry, names are not accepted, please enter your badge#");
 }
 
@@ -183,7 +159,7 @@ TEST_F(Enrolment, AFullTableGivesItsLastRowToTheNewcomer)
     start(1, staff);
     ASSERT_EQ(app_->EmployeeCount, 5000);
     ui().answerMsgBox("Add it to the list?", msgbox::Yes);
-    type("12345");
+    typeIn("12345");
     EXPECT_EQ(app_->EmployeeCount, 5000);
     EXPECT_EQ(app_->FullName[4998], "Worker4998, Jane");
     EXPECT_EQ(app_->FullName[4999], "12345, Number");
@@ -213,17 +189,14 @@ protected:
     }
 };
 
-TEST_F(Rename, WithoutItsBitAKeyDoesNothing)
+TEST_F(Rename, WithItsBitANewNameMakesANewPersonAtTheBadgeButTheLowWristLimitStays)
 {
-    openTestWindow(1 + 2 + 8);
+    openTestWindow(1 + 4);
+    app_->AddUnknownFlag = 1 + 2 + 8; // without its bit a key does nothing
     pressKey('A');
     EXPECT_TRUE(testWindowOpen());
     EXPECT_TRUE(ui().messages().empty());
-}
-
-TEST_F(Rename, ANewNameMakesANewPersonAtTheBadgeButTheLowWristLimitStays)
-{
-    openTestWindow(1 + 4);
+    app_->AddUnknownFlag = 1 + 4;
     ui().answerMsgBox("Do you want to change this name?", msgbox::Yes);
     ui().answerInputBox("Please enter your name", "Mary Ann Smith");
     pressKey('A');
@@ -262,7 +235,7 @@ TEST_F(Rename, EveryRefusalEndsTheVisitWithoutAChange)
         EXPECT_FALSE(testWindowOpen()) << r.answer;
         EXPECT_EQ(timedMessage, r.message) << r.answer;
     }
-    const std::vector<std::string> asked = prompts();
+    const std::vector<std::string> asked = questions();
     EXPECT_EQ(std::count(asked.begin(), asked.end(), "No name was entered."), 1);
     EXPECT_EQ(read("NAMES.TXT"), namesBefore);
 }

@@ -1,5 +1,4 @@
-// The attendance table: one employee's year of leave letters with the days of the log's tests
-// marked "*", matched on last name, first name and ID with case; the year asked for; the errors.
+// The attendance table: one employee's year of leave letters, the days of the tests marked "*".
 #include "reports/attendance_table.h"
 
 #include "reports/report_test_site.h"
@@ -44,7 +43,7 @@ protected:
     }
 };
 
-TEST_F(AttendanceTableTest, TheYearsTestsOfThatEmployeeAreMarkedOverTheLetters)
+TEST_F(AttendanceTableTest, TheYearsTestsOfThatEmployeeAreMarkedOverTheLettersOnThePresentYearsCalendar)
 {
     // The tests of 2 January, 1 March (a garbled one) and 31 December cover S, T and X; the
     // namesake's, the wrong case's, the "*" line's and last year's tests mark nothing.
@@ -63,11 +62,9 @@ TEST_F(AttendanceTableTest, TheYearsTestsOfThatEmployeeAreMarkedOverTheLetters)
     EXPECT_EQ(app_->Attendance[0][1], 'S');
     EXPECT_EQ(backend_->ui.journal().front(), "input Year?");
     EXPECT_FALSE(backend_->ui.busy());
-}
 
-TEST_F(AttendanceTableTest, AnotherYearsTestsLieOnThePresentCalendarUnderThePresentYear)
-{
-    // 10 February 2025 is day 41, shown in February of the table; the heading keeps 2026.
+    // Another year's tests lie on the present calendar under the present year: 10 February 2025
+    // is day 41, shown in February of the table; the heading keeps 2026.
     ui().answerInputBox("Year?", "2025");
     EXPECT_EQ(GenerateAttendanceTable(*app_), ReportOutcome::Done);
     const std::string text = read("ATTEND.TXT");
@@ -75,19 +72,16 @@ TEST_F(AttendanceTableTest, AnotherYearsTestsLieOnThePresentCalendarUnderThePres
     EXPECT_NE(text.find("\r\n01  V  S  A  "), std::string::npos);
     EXPECT_NE(text.find("\r\n02  " + Repeat("A  ", 9) + "*  " + Repeat("A  ", 17) + "h  \r\n"), std::string::npos);
     EXPECT_NE(text.find("\r\n03  T  A  "), std::string::npos);
-}
 
-TEST_F(AttendanceTableTest, ALeapPresentYearGivesFebruaryItsTwentyNinthDay)
-{
     // In 2028 day 60 is 29 February, and 1 March is day 61.
     now(2028, 6, 1, 8, 0, 0);
     app_->Attendance[0] = AttendanceWith({{60, 'T'}, {61, 'S'}});
     ui().answerInputBox("Year?", "2028");
     EXPECT_EQ(GenerateAttendanceTable(*app_), ReportOutcome::Done);
     EXPECT_EQ(app_->ReportMonth, 6);
-    const std::string text = read("ATTEND.TXT");
-    EXPECT_NE(text.find("Leave Status in 2028 for Jane Doe ID# A-1\r\n"), std::string::npos);
-    EXPECT_NE(text.find("\r\n02  " + Repeat("A  ", 28) + "T  \r\n03  S  A  "), std::string::npos);
+    const std::string leap = read("ATTEND.TXT");
+    EXPECT_NE(leap.find("Leave Status in 2028 for Jane Doe ID# A-1\r\n"), std::string::npos);
+    EXPECT_NE(leap.find("\r\n02  " + Repeat("A  ", 28) + "T  \r\n03  S  A  "), std::string::npos);
 }
 
 TEST_F(AttendanceTableTest, NoYearEndsQuietlyAndAMissingLogTakesTheScanErrorPath)

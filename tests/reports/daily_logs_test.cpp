@@ -1,5 +1,4 @@
-// The daily and individual logs: the selected log lines, tidied into columns for the text file and
-// kept nearly as they stand for the CSV; the stop rules; the exact name match; the errors.
+// The daily and individual logs: the selected log lines in columns, and nearly as they stand.
 #include "reports/daily_logs.h"
 
 #include "reports/report_test_site.h"
@@ -38,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAnEmptyDayGivesEmptyFiles)
+TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAFailedLogLeavesTheLinesWrittenBefore)
 {
     // Short values get blanks in front up to seven characters, a longer one is kept whole; "ComFail"
     // becomes "Com" with its "*" columns widened; the scan stops at the 16th, losing the late line.
@@ -61,10 +60,7 @@ TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAnEmptyDayG
     EXPECT_EQ(GenerateDailyLog(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("DAILY.TXT"), "");
     EXPECT_EQ(read("DAILY.CSV"), "");
-}
 
-TEST_F(DailyLogTest, AMissingLogOrOneThatBreaksOffMidwayLeavesTheFilesWithTheLinesWrittenBefore)
-{
     // Both files are opened before the log: a missing log leaves them empty, not as they were.
     write("DAILY.TXT", "old text");
     write("DAILY.CSV", "old csv");
@@ -74,6 +70,7 @@ TEST_F(DailyLogTest, AMissingLogOrOneThatBreaksOffMidwayLeavesTheFilesWithTheLin
     EXPECT_EQ(read("DAILY.CSV"), "");
     // The read fails inside the third line, after the first selected one, which both files keep.
     app_->LogPath = path("LOG.TXT");
+    app_->ReportDate = DateSerial(2026, 3, 15);
     backend_->files.breakPieceReadsAfter(250);
     EXPECT_EQ(GenerateDailyLog(*app_), ReportOutcome::FailedWithText);
     EXPECT_EQ(prompts(), (std::vector<std::string>{" Error opening Log file to read for daily report",
@@ -103,7 +100,7 @@ protected:
     }
 };
 
-TEST_F(IndividualLogTest, TheRangeOfOneNameWithCaseWhateverTheId)
+TEST_F(IndividualLogTest, TheRangeOfOneNameWithCaseWhateverTheIdOrOfEveryone)
 {
     // The namesake with another ID is the same name; "doe, jane" is not. A trailing blank of the
     // log line stays in both files.
@@ -116,10 +113,8 @@ TEST_F(IndividualLogTest, TheRangeOfOneNameWithCaseWhateverTheId)
               Lines({"Doe, Jane           , A-1                , 3/14/2026,  10:00:00, Wok, L- , R- , 00.90, -, - ",
                      "Doe, Jane           , B-7                , 3/15/2026,  10:03:00, Wok, Lok, Rok, 01.00, 01.00, "
                      "01.00"}));
-}
 
-TEST_F(IndividualLogTest, EveryoneInFileOrderUpToTheFirstLineAfterTheRange)
-{
+    // Everyone, in file order, up to the first line after the range.
     app_->ReportEmployeeName.clear();
     EXPECT_EQ(GenerateIndividualLog(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("INDIV.CSV"),

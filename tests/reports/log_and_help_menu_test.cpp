@@ -1,5 +1,4 @@
-// The menu entries that work on the log itself and the Help menu, driven through the main window's
-// menu as a supervisor uses them.
+// The menu entries that work on the log itself, and the Help menu.
 #include "reports/disp_form.h"
 #include "reports/help_form.h"
 #include "station/name_form.h"
@@ -15,18 +14,15 @@ class LogAndHelpMenu : public ScenarioTest
 protected:
     LogAndHelpMenu()
     {
-        writeSettings([this](Settings& s) {
+        write("LOG.TXT", "Doe, Jane, 4711, 11/20/2026,  8:00:00, Wok, Lok, Rok,  1.5,  2.5,  3.5\r\n");
+        startWith([this](Settings& s) {
             s.CompanyName = "Acme";
             s.PrinterFontSize = 8;
             s.LogDir = dir_.path() + "/";
         });
-        write("LOG.TXT", "Doe, Jane, 4711, 11/20/2026,  8:00:00, Wok, Lok, Rok,  1.5,  2.5,  3.5\r\n");
-        startStation();
-        ui().clearRecords();
     }
     NameForm& main() { return app_->nameForm(); }
     DispForm& viewer() { return app_->dispForm(); }
-    std::string lastMessage() { return ui().messages().empty() ? "" : ui().messages().back().prompt; }
 };
 
 TEST_F(LogAndHelpMenu, ViewLogShowsTheWholeLogUnderItsHeadingOneSizeLarger)
@@ -96,7 +92,7 @@ TEST_F(LogAndHelpMenu, ResetLogCopiesThenDeletesOnlyAfterTheSecondYes)
     EXPECT_EQ(lastMessage(), " The log file was not copied due to an error, so the file will not be reset.");
 }
 
-TEST_F(LogAndHelpMenu, HelpTextsShowOrSayTheyAreMissing)
+TEST_F(LogAndHelpMenu, HelpTextsShowOrSayTheyAreMissingAndPagesGoThroughTheDesktopsOpener)
 {
     main().mnuSimpleHelp.userClick();
     EXPECT_EQ(lastMessage(), " Error opening help file");
@@ -111,7 +107,7 @@ TEST_F(LogAndHelpMenu, HelpTextsShowOrSayTheyAreMissing)
     // The three buttons of the failure mean nothing; any of them ends it.
     ui().answerMsgBox(" Error opening ", msgbox::Yes);
     main().mnuNetworkHelp.userClick();
-    EXPECT_EQ(ui().messages().back().prompt, " Error opening " + path("NETWORK.TXT"));
+    EXPECT_EQ(lastMessage(), " Error opening " + path("NETWORK.TXT"));
     EXPECT_EQ(ui().messages().back().buttons & msgbox::ButtonMask, msgbox::YesNoCancel);
     write("NETWORK.TXT", std::string(40000, 'n'));
     main().mnuNetworkHelp.userClick();
@@ -120,10 +116,8 @@ TEST_F(LogAndHelpMenu, HelpTextsShowOrSayTheyAreMissing)
     EXPECT_EQ(viewer().TextBox1.text().size(), 40000u);
     EXPECT_EQ(viewer().TextBox1.fontSize(), 9);
     EXPECT_TRUE(backend_->programs.runs.empty());
-}
 
-TEST_F(LogAndHelpMenu, ManualAndWebPagesGoThroughTheDesktopsOpenerWithTheirFallbacks)
-{
+    ui().clearRecords();
     auto& programs = backend_->programs;
     main().mnuUserManual.userClick();
     EXPECT_EQ(programs.opened, (std::vector<std::string>{path("RX4410Manual.pdf"), path("RX4410Manual.pdf")}));

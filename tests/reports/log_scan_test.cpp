@@ -1,5 +1,4 @@
-// The shared pieces of the report scans: the two log readers on logs as stations write them and as
-// they get spoiled, the work-group test, resistances, the name and ID column and the name lookup.
+// The shared pieces of the report scans: the log readers, work groups, resistances, names.
 #include "reports/log_scan.h"
 
 #include "reports/report_test_site.h"
@@ -185,7 +184,7 @@ TEST(WorkGroups, TheGroupIsTheIdInFrontOfItsFirstHyphenAndTheFilterComparesItExa
     EXPECT_FALSE(PassesWorkGroupFilter(p, "abc-1"));
 }
 
-TEST(LogDates, TheWritersFormIsReadInPlaceAndNothingElse)
+TEST(LogFields, DatesAreReadInTheWritersFormInPlaceAndResistancesWithTwoOrThreeDecimals)
 {
     int month = 0, day = 0, year = 0;                            // the writer's own form is read by every report
     EXPECT_TRUE(LogDateDigits("12/31/1999 ", month, day, year)); // the places count, not what is between
@@ -193,10 +192,7 @@ TEST(LogDates, TheWritersFormIsReadInPlaceAndNothingElse)
     EXPECT_FALSE(LogDateDigits("3-15-2001", month, day, year));
     EXPECT_FALSE(LogDateDigits("03-1a-2001", month, day, year));
     EXPECT_FALSE(LogDateDigits(" 3-15-2001", month, day, year));
-}
 
-TEST(Megohms, DecimalsCountOnlyWithTwoOrThreeDigits)
-{
     EXPECT_FLOAT_EQ(ParseMegohms("12.34"), 12.34f);
     EXPECT_FLOAT_EQ(ParseMegohms("012.345"), 12.345f);
     EXPECT_FLOAT_EQ(ParseMegohms(" 100.00"), 100.0f);
@@ -207,7 +203,7 @@ TEST(Megohms, DecimalsCountOnlyWithTwoOrThreeDigits)
     EXPECT_FLOAT_EQ(ParseMegohms("7x"), 7.0f);
 }
 
-TEST(NameIdColumn, AlwaysThirtyNineCharactersCutAsTheRulesSay)
+TEST(Columns, NameAndIdAlwaysThirtyNineCharactersCutAsTheRulesSayAndThePatternsEdges)
 {
     // The padded column and the cut of two long names show in every report's rows.
     // A long ID is cut to 17 and then fits.
@@ -219,10 +215,7 @@ TEST(NameIdColumn, AlwaysThirtyNineCharactersCutAsTheRulesSay)
     // Exactly 34 is not cut and keeps one blank.
     EXPECT_EQ(FormatNameIdColumn(std::string(20, 'L'), std::string(10, 'F'), "1234"),
               " " + std::string(20, 'L') + ", " + std::string(10, 'F') + " 1234 ");
-}
 
-TEST(Patterns, AlignmentsAndTheHourMinuteForm)
-{
     // The reports show the short forms; these are the edges they do not reach.
     EXPECT_EQ(RightAligned3("1000"), "1000 ");
     EXPECT_EQ(HourMinuteText(23 * 3600 + 59 * 60 + 59), "23:59");

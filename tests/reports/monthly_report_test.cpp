@@ -1,6 +1,4 @@
-// The monthly report on small sites whose files are worked out from the rules: the last test of a
-// day per strap, the open-circuit rewrite, leave letters, unknown names, the stop rule, filters,
-// the previous year and the error paths.
+// The monthly report on small sites whose files are worked out from the rules.
 #include "reports/monthly_report.h"
 
 #include "reports/report_test_site.h"
@@ -105,10 +103,10 @@ TEST_F(MonthlyReport, AMonthOfTestsLeaveAndUnknownNamesWrittenAsTheRulesSay)
         "GHOST, GUS",
         ""};
     text.insert(text.end(), rows.begin(), rows.end());
-    EXPECT_EQ(lines("REPORT.TXT"), text);
+    EXPECT_EQ(fileLines("REPORT.TXT"), text);
 
     EXPECT_EQ(
-        lines("REPORT.CSV"),
+        fileLines("REPORT.CSV"),
         (std::vector<std::string>{
             "2, =Month, 2026, =Year, as of 11/22/2026 09:30:15", "1, Doe, Jane, A-1, " + Days(28, {{3, "Hgg"}}, ", "),
             "2, Roe, Rick, B-2, " + Days(28, {{4, "g--"}, {20, "hhh"}, {27, "ggg"}}, ", "),
@@ -120,7 +118,7 @@ TEST_F(MonthlyReport, AMonthOfTestsLeaveAndUnknownNamesWrittenAsTheRulesSay)
     EXPECT_FLOAT_EQ(app_->RightReading, 100.0f);
 }
 
-TEST_F(MonthlyReport, ALaterMonthTakesLastYearAndTheFiltersNarrowOnlyTheRows)
+TEST_F(MonthlyReport, ALaterMonthTakesLastYearWithThePresentYearsFebruaryAndTheFiltersNarrowOnlyTheRows)
 {
     log({"Doe, Jane, A-1, 12-23-2025, 08:00:00, Wok, Llo, Rok, 1.00, 1.00, 1.00", "Roe, Rick, B-2, 12-24-2025" + Good,
          "Poe, Pat, A-3, 12-31-2025" + Good,
@@ -130,7 +128,7 @@ TEST_F(MonthlyReport, ALaterMonthTakesLastYearAndTheFiltersNarrowOnlyTheRows)
     ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(prompts(), std::vector<std::string>{
                              "The month specified is greater than this month, so will use the previous year data."});
-    std::vector<std::string> text = lines("REPORT.TXT");
+    std::vector<std::string> text = fileLines("REPORT.TXT");
     ASSERT_EQ(text.size(), 11u);
     EXPECT_EQ(text[0], Blanks(45) + "Acme Monthly ESD Protection Test Report for December 2025    as of 11/22/2026 "
                                     "09:30:15");
@@ -138,30 +136,28 @@ TEST_F(MonthlyReport, ALaterMonthTakesLastYearAndTheFiltersNarrowOnlyTheRows)
     EXPECT_EQ(text[8], "  1  Doe, Jane" + Blanks(25) + "A-1 " + Days(31, {{23, "gLg"}}, " "));
     EXPECT_EQ(text[9], "  2  Poe, Pat" + Blanks(26) + "A-3 " + Days(31, {{31, "ggg"}}, " "));
     EXPECT_EQ(text[10], "  3  Doe, Jane" + Blanks(25) + "A-4 " + Days(31, {}, " "));
-    EXPECT_EQ(lines("REPORT.CSV"), (std::vector<std::string>{"12, =Month, 2025, =Year, as of 11/22/2026 09:30:15",
-                                                             "1, Doe, Jane, A-1, " + Days(31, {{23, "gLg"}}, ", "),
-                                                             "3, Poe, Pat, A-3, " + Days(31, {{31, "ggg"}}, ", "),
-                                                             "4, Doe, Jane, A-4, " + Days(31, {}, ", ")}));
+    EXPECT_EQ(fileLines("REPORT.CSV"), (std::vector<std::string>{"12, =Month, 2025, =Year, as of 11/22/2026 09:30:15",
+                                                                 "1, Doe, Jane, A-1, " + Days(31, {{23, "gLg"}}, ", "),
+                                                                 "3, Poe, Pat, A-3, " + Days(31, {{31, "ggg"}}, ", "),
+                                                                 "4, Doe, Jane, A-4, " + Days(31, {}, ", ")}));
 
     // One employee by number: the text counts from 1, the CSV keeps the table's number. The
     // present year's leave letter of 24 December stands over last year's test.
     app_->ReportWorkGroup = "";
     app_->ReportEmployeeIndex = 1;
     ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
-    text = lines("REPORT.TXT");
+    text = fileLines("REPORT.TXT");
     ASSERT_EQ(text.size(), 9u);
     EXPECT_EQ(text[8], "  1  Roe, Rick" + Blanks(25) + "B-2 " + Days(31, {{24, "XXX"}}, " "));
-    EXPECT_EQ(lines("REPORT.CSV")[1], "2, Roe, Rick, B-2, " + Days(31, {{24, "XXX"}}, ", "));
-}
+    EXPECT_EQ(fileLines("REPORT.CSV")[1], "2, Roe, Rick, B-2, " + Days(31, {{24, "XXX"}}, ", "));
 
-TEST_F(MonthlyReport, FebruaryHasThePresentYearsLength)
-{
     // In a leap year, last year's February (a month after the present one) still has 29 days.
     now(2028, 1, 10, 12, 0, 0);
     log({"Doe, Jane, A-1, 02-28-2027" + Good});
     app_->ReportMonth = 2;
+    app_->ReportEmployeeIndex = -1;
     ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
-    const std::vector<std::string> text = lines("REPORT.TXT");
+    text = fileLines("REPORT.TXT");
     ASSERT_GE(text.size(), 9u);
     EXPECT_EQ(text[6], ColumnLines(29)[0]);
     // Day 29 of 2027's February is 1 March, with its letter; nobody tested then.
@@ -176,7 +172,7 @@ TEST_F(MonthlyReport, TheUnknownNamesStopAtAThousand)
     log(logLines);
     app_->ReportMonth = 2;
     ASSERT_EQ(GenerateMonthlyReport(*app_), ReportOutcome::Done);
-    const std::vector<std::string> text = lines("REPORT.TXT");
+    const std::vector<std::string> text = fileLines("REPORT.TXT");
     // Eight heading lines, five rows, two empty lines and the title, the names, an empty line.
     ASSERT_EQ(text.size(), 8u + 5 + 3 + 1000 + 1);
     EXPECT_EQ(text[16], "U1000, X");
@@ -220,8 +216,8 @@ TEST_F(MonthlyReport, AnEmptyTableGivesTheHeadingOfTheYear1899AndNoRows)
                              "The following names were found in the log file but have been changed or deleted in "
                              "the names file",
                              "Doe, Jane", ""});
-    EXPECT_EQ(lines("REPORT.TXT"), text);
-    EXPECT_EQ(lines("REPORT.CSV"), std::vector<std::string>{"2, =Month, 1899, =Year, as of 11/22/2026 09:30:15"});
+    EXPECT_EQ(fileLines("REPORT.TXT"), text);
+    EXPECT_EQ(fileLines("REPORT.CSV"), std::vector<std::string>{"2, =Month, 1899, =Year, as of 11/22/2026 09:30:15"});
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-// The Reports menu around its generators: the prompts and their cancels, the employee chooser, the
-// viewer with its title, heading and size rule, and what reaches the printer.
+// The Reports menu around its generators: prompts, chooser, viewer and printer.
 #include "data/dates.h"
 #include "reports/disp_form.h"
 #include "reports/individual_employee_selection_form.h"
@@ -21,14 +20,12 @@ class ReportFrame : public ScenarioTest
 protected:
     ReportFrame()
     {
-        writeSettings([this](Settings& s) {
+        writeEmployees({{"Zeta", "Al", "B-7"}, {"adams", "Bo", "A-1"}, {"Baker", "Cy", "A-2"}});
+        startWith([this](Settings& s) {
             s.CompanyName = "Acme";
             s.PrinterFontSize = 9;
             s.LogDir = s.ReportTxtDir = s.ReportCsvDir = dir_.path() + "/";
         });
-        writeEmployees({{"Zeta", "Al", "B-7"}, {"adams", "Bo", "A-1"}, {"Baker", "Cy", "A-2"}});
-        startStation();
-        ui().clearRecords();
     }
 
     // Stands in for a generator: notes the parameters it saw and writes a two-line report.
@@ -88,7 +85,7 @@ TEST_F(ReportFrame, TypedDatesAreRepairedForDayFirstDesktopsAndMovedACenturyOn)
     EXPECT_EQ(RepairReportDate(DateSerial(1996, 5, 6), 10, 2026), DateSerial(1996, 5, 6));
 }
 
-TEST_F(ReportFrame, DatePromptsOfferTodayAndEndQuietlyOrWithIllegalDate)
+TEST_F(ReportFrame, DateMonthAndWorkGroupPromptsDecideWhetherTheReportRunsAndForWhom)
 {
     ui().answerInputBox("date of the day", "1/2/30");
     ui().answerInputBox("work group", "A");
@@ -99,7 +96,7 @@ TEST_F(ReportFrame, DatePromptsOfferTodayAndEndQuietlyOrWithIllegalDate)
 
     ui().answerInputBox("starting date", "no date");
     ReportHandler(*app_, report_kinds::Individual, generator("INDIV.TXT"));
-    EXPECT_EQ(ui().messages().back().prompt, "Illegal date");
+    EXPECT_EQ(lastMessage(), "Illegal date");
     EXPECT_EQ(app_->ReportStartDate, 0);
 
     ui().answerInputBox("starting date", "11/1/2026");
@@ -115,10 +112,9 @@ TEST_F(ReportFrame, DatePromptsOfferTodayAndEndQuietlyOrWithIllegalDate)
     ui().answerInputBox("work group", "A");
     ReportHandler(*app_, report_kinds::Certification, generator("CERTIF.TXT"));
     EXPECT_EQ(app_->ReportDate, DateSerial(2026, 3, 4));
-}
+    seen.clear();
+    app_->ReportDate = 0;
 
-TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
-{
     // Month 13 passes the prompt; an emptied work-group box cancels; a text without a number is 0.
     answerMonthAndGroup("13", "");
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
@@ -150,31 +146,7 @@ TEST_F(ReportFrame, MonthAndWorkGroupDecideWhetherTheReportRunsAndWhoIsInIt)
     EXPECT_EQ(seen.back(), "3|0|||-1");
 }
 
-TEST_F(ReportFrame, TheViewerUsesTheReportFontAndOffersTheBatchFileOnlyWhenItIsThere)
-{
-    // The site's file is spelt otherwise than the hook's name; it is run by its own spelling.
-    write("REPORT.BAT", "echo\r\n");
-    answerMonthAndGroup("11", "A");
-    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
-    ASSERT_TRUE(viewer().visible());
-    EXPECT_EQ(viewer().TextBox1.fontName(), "Courier");
-    EXPECT_EQ(viewer().TextBox1.fontSize(), 9);
-    EXPECT_TRUE(viewer().PrintViaMacroBut.visible());
-    viewer().PrintViaMacroBut.userClick();
-    ASSERT_EQ(backend_->programs.runs.size(), 1u);
-    EXPECT_EQ(backend_->programs.runs[0].commandLine, "sh '" + path("REPORT.BAT") + "'");
-
-    // The daily log reuses the window; its batch file is not there, so its button is hidden.
-    ui().answerInputBox("date of the day", "11/20/2026");
-    ui().answerInputBox("work group", "A");
-    ReportHandler(*app_, report_kinds::Daily, generator("DAILY.TXT"));
-    EXPECT_FALSE(viewer().PrintViaMacroBut.visible());
-    viewer().CloseBut.userClick();
-    EXPECT_FALSE(viewer().loaded());
-    EXPECT_EQ(app_->ReportMacroName, "");
-}
-
-TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewer)
+TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewerAndPrintingPrintsTheSelectionPerCopy)
 {
     const auto show = [this] {
         ViewerRequest r;
@@ -206,10 +178,7 @@ TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewer)
     ASSERT_EQ(backend_->programs.runs.size(), 2u);
     EXPECT_EQ(backend_->programs.runs[1].commandLine, "'/opt/viewer' '" + path("BIG.TXT") + "'");
     EXPECT_TRUE(viewer().visible());
-}
 
-TEST_F(ReportFrame, PrintingFromTheViewerPrintsTheSelectionUnderTheCaptionPerCopy)
-{
     write("REPORT.TXT", "a\r\nb\r\nc\r\n");
     ViewerRequest r;
     r.path = path("REPORT.TXT");
@@ -218,7 +187,7 @@ TEST_F(ReportFrame, PrintingFromTheViewerPrintsTheSelectionUnderTheCaptionPerCop
     printer().dialogCopies = 0;
     viewer().PrintBut.userClick();
     EXPECT_TRUE(printer().documents().empty());
-    EXPECT_EQ(ui().messages().back().prompt,
+    EXPECT_EQ(lastMessage(),
               "To only print a portion of this file, select the portion to be printed and click the Print button.");
 
     printer().dialogCopies = 2;
@@ -229,55 +198,45 @@ TEST_F(ReportFrame, PrintingFromTheViewerPrintsTheSelectionUnderTheCaptionPerCop
     EXPECT_EQ(printed(), (Lines{"||T||b|c||", "||T||b|c||"}));
 }
 
-TEST_F(ReportFrame, PrintReportFilePrintsTheReportInLandscapeAndSaysWhatFailed)
-{
-    write("REPORT.TXT", "first\r\nsecond\r\n");
-    PrintReportFile(*app_);
-    ASSERT_EQ(printed(), Lines{"first|second|"});
-    EXPECT_TRUE(printer().documents()[0].landscape);
-    EXPECT_EQ(printer().documents()[0].fontName, "Courier");
-    EXPECT_EQ(printer().documents()[0].fontSize, 9);
-    EXPECT_TRUE(ui().messages().empty());
-
-    // A refused font name is said and the printing goes on in the present font.
-    app_->PrinterFontName = printer().missingFont = "Fancy";
-    PrintReportFile(*app_);
-    EXPECT_EQ(printed().size(), 2u);
-    EXPECT_EQ(printer().documents()[1].fontName, "Courier");
-    EXPECT_EQ(ui().messages().back().prompt, "Fancy not accepted as a printer font name.  Click Setup "
-                                             "GeneralConfiguration and try Courier or Courier New");
-    // A refused size ends it; so does a missing file.
-    app_->PrinterFontSize = 0;
-    PrintReportFile(*app_);
-    EXPECT_EQ(ui().messages().back().prompt, "0 not accepted as a font size");
-    app_->PrinterFontSize = 9;
-    remove(path("REPORT.TXT").c_str());
-    PrintReportFile(*app_);
-    EXPECT_EQ(ui().messages().back().prompt, " Error opening report file to print it");
-    EXPECT_EQ(printed().size(), 2u);
-    EXPECT_FALSE(ui().busy());
-}
-
-TEST_F(ReportFrame, PrintMonthlyPrintsOneReportPerCopyOrSaysCancel)
+TEST_F(ReportFrame, PrintMonthlyPrintsTheReportInLandscapeOncePerCopyOrSaysWhatFailed)
 {
     answerMonthAndGroup("11", "A");
     printer().dialogCopies = 2;
     PrintReportHandler(*app_, generator("REPORT.TXT"));
     EXPECT_EQ(printed(), (Lines{"line 1|line 2|", "line 1|line 2|"}));
+    EXPECT_TRUE(printer().documents()[0].landscape);
+    EXPECT_EQ(printer().documents()[0].fontName, "Courier");
+    EXPECT_EQ(printer().documents()[0].fontSize, 9);
+    EXPECT_EQ(prompts().size(), 2u); // the month's and the work group's, and no message
     EXPECT_FALSE(viewer().loaded());
 
-    answerMonthAndGroup("11", "A");
-    printer().dialogCopies = 0;
-    PrintReportHandler(*app_, generator("REPORT.TXT"));
-    EXPECT_EQ(ui().messages().back().prompt, " Cancel pressed or printer error");
+    // Cancel in the print dialog, and no printer at all, give the same message.
+    for (const bool printerAnswers : {true, false}) {
+        answerMonthAndGroup("11", "A");
+        printer().dialogCopies = printerAnswers ? 0 : 1;
+        printer().answers = printerAnswers;
+        PrintReportHandler(*app_, generator("REPORT.TXT"));
+        EXPECT_EQ(lastMessage(), " Cancel pressed or printer error");
+    }
+    printer().answers = true;
 
-    // No printer at all: the same message.
-    answerMonthAndGroup("11", "A");
-    printer().dialogCopies = 1;
-    printer().answers = false;
-    PrintReportHandler(*app_, generator("REPORT.TXT"));
-    EXPECT_EQ(ui().messages().back().prompt, " Cancel pressed or printer error");
-    EXPECT_EQ(printed().size(), 2u);
+    // A refused font name is said and the printing goes on in the present font.
+    app_->PrinterFontName = printer().missingFont = "Fancy";
+    PrintReportFile(*app_);
+    EXPECT_EQ(printed().size(), 3u);
+    EXPECT_EQ(printer().documents()[2].fontName, "Courier");
+    EXPECT_EQ(lastMessage(), "Fancy not accepted as a printer font name.  Click Setup "
+                             "GeneralConfiguration and try Courier or Courier New");
+    // A refused size ends it; so does a missing file.
+    app_->PrinterFontSize = 0;
+    PrintReportFile(*app_);
+    EXPECT_EQ(lastMessage(), "0 not accepted as a font size");
+    app_->PrinterFontSize = 9;
+    remove(path("REPORT.TXT").c_str());
+    PrintReportFile(*app_);
+    EXPECT_EQ(lastMessage(), " Error opening report file to print it");
+    EXPECT_EQ(printed().size(), 3u);
+    EXPECT_FALSE(ui().busy());
 }
 
 TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
@@ -311,26 +270,6 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
 // The entries whose generators are part of the station, through the main window's menu.
 using ReportMenu = ReportFrame;
 
-TEST_F(ReportMenu, PrintReportPrintsTheMonthlyReportAndTheSecondExceptionsEntryTakesToday)
-{
-    write("LOG.TXT", "Baker, Cy           , A-2                , 11-20-2026, 07:31:02, Wok, Lok, Rok, 1.5, 12, 11\r\n");
-    NameForm& main = app_->nameForm();
-    answerMonthAndGroup("11", "A");
-    main.mnuPrintReport.userClick();
-    ASSERT_EQ(printer().documents().size(), 1u);
-    std::string printedText;
-    for (const std::string& line : printer().documents()[0].lines)
-        printedText += line + "\r\n";
-    EXPECT_EQ(printedText, read("REPORT.TXT"));
-    EXPECT_NE(printedText.find("Baker"), std::string::npos);
-
-    ui().answerInputBox("work group", "B");
-    main.mnuExceptions2.userClick();
-    EXPECT_EQ(app_->ReportDate, DateSerial(2026, 11, 22));
-    EXPECT_EQ(viewer().TextBox1.text(), read("EXCEPT.TXT"));
-    EXPECT_EQ(viewer().caption(), "ISO-9000 ESD Protection Exceptions Test Report");
-}
-
 TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
 {
     // Files of an earlier run stand in the directory; there is no log.
@@ -340,7 +279,7 @@ TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
     // The monthly report fails before it writes: no viewer, and nothing reaches the printer.
     answerMonthAndGroup("11", "A");
     main.mnuDisplayReport.userClick();
-    EXPECT_EQ(ui().messages().back().prompt, " Error opening Log file to read");
+    EXPECT_EQ(lastMessage(), " Error opening Log file to read");
     EXPECT_FALSE(viewer().loaded());
     answerMonthAndGroup("11", "A");
     printer().dialogCopies = 1;
@@ -352,15 +291,17 @@ TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
     ui().answerInputBox("date of the day", "11/20/2026");
     ui().answerInputBox("work group", "A");
     main.mnuDaily.userClick();
-    EXPECT_EQ(ui().messages().back().prompt, " Error opening Log file to read for daily report");
+    EXPECT_EQ(lastMessage(), " Error opening Log file to read for daily report");
     EXPECT_EQ(read("DAILY.TXT"), "");
     ASSERT_TRUE(viewer().visible());
     EXPECT_EQ(viewer().TextBox1.text(), std::string(LogColumnsHeading) + "\r\n");
 }
 
-TEST_F(ReportMenu, EveryDisplayEntryShowsItsFileUnderItsTitleWithItsBatchFile)
+TEST_F(ReportMenu, EveryEntryShowsItsFileUnderItsTitleWithItsBatchFileAndPrintMonthlyPrintsTheReport)
 {
     write("LOG.TXT", "Baker, Cy           , A-2                , 11-20-2026, 07:31:02, Wok, Lok, Rok, 1.5, 12, 11\r\n");
+    // The site's batch file of the monthly report, spelt otherwise than the hook's name.
+    write("REPORT.BAT", "echo\r\n");
     backend_->clock.setNow({2026, 11, 22, 9, 0, 0});
     const std::string stamp = "Acme as of 11/22/2026 9:00:00 AM";
     const std::string heading = "LastName, FirstName, ID#, Date, Time, WristStat, LeftStat, RightStat, WristMegs, "
@@ -376,16 +317,19 @@ TEST_F(ReportMenu, EveryDisplayEntryShowsItsFileUnderItsTitleWithItsBatchFile)
     const std::vector<std::pair<std::string, std::string>> monthAndGroup{{"month number", "11"}, {"work group", "A"}},
         dayAndGroup{{"date of the day", "11/20/2026"}, {"work group", "A"}},
         range{{"starting date", "11/1/2026"}, {"stopping date", "11/21/2026"}};
+    const std::string exceptions = "Protection Exceptions Test Report";
     const std::vector<Case> cases{
         {main.mnuDisplayReport, monthAndGroup, "REPORT.TXT", "Protection Monthly Test Report", "Report.bat", ""},
         {main.mnuDaily, dayAndGroup, "DAILY.TXT", "Protection Daily Log Report   " + stamp, "LogRep.bat", heading},
         {main.mnuIndividualLog, range, "INDIV.TXT", "Protection Individual Log Report   " + stamp, "Indiv.bat",
          heading},
-        {main.mnuExceptions, dayAndGroup, "EXCEPT.TXT", "Protection Exceptions Test Report", "Except.bat", ""},
+        {main.mnuExceptions, dayAndGroup, "EXCEPT.TXT", exceptions, "Except.bat", ""},
         {main.mnuCertification, dayAndGroup, "CERTIF.TXT", "Protection Certification Expiration Report", "Certif.bat",
          ""},
         {main.mnuVacation, monthAndGroup, "VACATION.TXT", "Protection Monthly Vacation", "Vacation.bat", ""},
         {main.mnuAttendance, {{"Year?", "2026"}}, "ATTEND.TXT", "Attendance Report   " + stamp, "Attend.bat", ""},
+        // The twice-tested exceptions take today's date, after the other entries' 20 November.
+        {main.mnuExceptions2, {{"work group", "B"}}, "EXCEPT.TXT", exceptions, "Except.bat", ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.entry.name());
@@ -399,12 +343,33 @@ TEST_F(ReportMenu, EveryDisplayEntryShowsItsFileUnderItsTitleWithItsBatchFile)
         ASSERT_TRUE(viewer().visible());
         EXPECT_EQ(viewer().caption(), "ISO-9000 ESD " + c.title);
         EXPECT_EQ(app_->ReportMacroName, c.hook);
+        EXPECT_EQ(viewer().PrintViaMacroBut.visible(), c.hook == "Report.bat");
+        EXPECT_EQ(viewer().TextBox1.fontName(), "Courier");
+        EXPECT_EQ(viewer().TextBox1.fontSize(), 9);
         const std::string file = read(c.file);
         EXPECT_FALSE(file.empty());
         EXPECT_EQ(viewer().TextBox1.text(), c.heading + file);
+        if (c.hook == "Report.bat") {
+            viewer().PrintViaMacroBut.userClick();
+            ASSERT_EQ(backend_->programs.runs.size(), 1u);
+            EXPECT_EQ(backend_->programs.runs[0].commandLine, "sh '" + path("REPORT.BAT") + "'");
+        }
     }
+    EXPECT_EQ(app_->ReportDate, DateSerial(2026, 11, 22));
     // The individual log of Baker holds the one line of the log.
     EXPECT_NE(read("INDIV.TXT").find("Baker"), std::string::npos);
+    viewer().CloseBut.userClick();
+    EXPECT_FALSE(viewer().loaded());
+    EXPECT_EQ(app_->ReportMacroName, "");
+
+    answerMonthAndGroup("11", "A");
+    main.mnuPrintReport.userClick();
+    ASSERT_EQ(printer().documents().size(), 1u);
+    std::string printedText;
+    for (const std::string& line : printer().documents()[0].lines)
+        printedText += line + "\r\n";
+    EXPECT_EQ(printedText, read("REPORT.TXT"));
+    EXPECT_NE(printedText.find("Baker"), std::string::npos);
 }
 
 } // namespace

@@ -78,14 +78,13 @@ TEST_F(ReportPhases, EachGeneratorSaysWhichOfItsTwoFilesItCouldNotWriteAndTellsW
         {"DAILY", GenerateDailyLog, a.DailyTxtPath, a.DailyCsvPath, daily, dailyCsv},
         {"INDIV", GenerateIndividualLog, a.IndivTxtPath, a.IndivCsvPath, daily, dailyCsv},
     };
-    const auto last = [this] { return prompts().empty() ? std::string() : prompts().back(); };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.file);
         write(c.file + ".TXT", "old text");
         write(c.file + ".CSV", "old csv");
         c.txt = path("missing/" + c.file + ".TXT");
         EXPECT_EQ(c.generate(a), ReportOutcome::Failed);
-        EXPECT_EQ(last(), c.txtMessage);
+        EXPECT_EQ(lastMessage(), c.txtMessage);
         EXPECT_EQ(read(c.file + ".CSV"), "old csv");
 
         // The text file is this run's, whole or (for the daily logs, which open both files before
@@ -93,7 +92,7 @@ TEST_F(ReportPhases, EachGeneratorSaysWhichOfItsTwoFilesItCouldNotWriteAndTellsW
         c.txt = path(c.file + ".TXT");
         c.csv = path("missing/" + c.file + ".CSV");
         EXPECT_EQ(c.generate(a), ReportOutcome::FailedWithText);
-        EXPECT_EQ(last(), c.csvMessage);
+        EXPECT_EQ(lastMessage(), c.csvMessage);
         EXPECT_NE(read(c.file + ".TXT"), "old text");
         c.csv = path(c.file + ".CSV");
         EXPECT_FALSE(ui().busy());

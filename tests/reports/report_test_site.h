@@ -1,6 +1,4 @@
-// A small site for the report tests: the report files in the program directory, employees written
-// to NAMES.TXT and read as a station reads them, a log of lines in the writer's form, the clock
-// set, and the files compared line by line.
+// A small site for the report tests: its files, its employees, a log and the clock.
 #pragma once
 
 #include "data/dates.h"
@@ -50,29 +48,6 @@ protected:
     {
         backend_->clock.setNow(DateTime{year, month, day, hour, minute, second, 0});
     }
-    // The lines of a report file, each of which must end in CR LF.
-    std::vector<std::string> lines(const std::string& name)
-    {
-        const std::string text = read(name);
-        std::vector<std::string> out;
-        size_t at = 0;
-        while (at < text.size()) {
-            const size_t end = text.find("\r\n", at);
-            EXPECT_NE(end, std::string::npos) << "an unended last line in " << name;
-            if (end == std::string::npos)
-                break;
-            out.push_back(text.substr(at, end - at));
-            at = end + 2;
-        }
-        return out;
-    }
-    std::vector<std::string> prompts()
-    {
-        std::vector<std::string> out;
-        for (const auto& m : ui().messages())
-            out.push_back(m.prompt);
-        return out;
-    }
 };
 
 // An attendance string with the given letters at days of the year (1 = 1 January).
@@ -87,13 +62,7 @@ inline std::string AttendanceWith(const std::map<int, char>& letters)
 inline Employee Person(const std::string& last, const std::string& first, const std::string& id,
                        const std::string& wristEnable = "-1", const std::string& footEnable = "-1")
 {
-    Employee e;
-    e.last = last;
-    e.first = first;
-    e.id = id;
-    e.wristEnable = wristEnable;
-    e.footEnable = footEnable;
-    return e;
+    return Employee{.last = last, .first = first, .id = id, .wristEnable = wristEnable, .footEnable = footEnable};
 }
 
 // The same site with employees put straight into the table (its names file is missing, so the
@@ -151,14 +120,6 @@ inline std::string Lines(std::initializer_list<std::string> lines)
     std::string out;
     for (const auto& l : lines)
         out += l + "\r\n";
-    return out;
-}
-
-inline std::string Repeat(const std::string& part, int times)
-{
-    std::string out;
-    for (int i = 0; i < times; ++i)
-        out += part;
     return out;
 }
 

@@ -1,5 +1,4 @@
-// The vacation report: a month of leave letters for each selected employee, "A" shown as "-",
-// with the monthly report's rule for the year and its notice, and the errors of its two phases.
+// The vacation report: a month of leave letters for each selected employee, "A" shown as "-".
 #include "reports/vacation_report.h"
 
 #include "reports/report_test_site.h"
@@ -29,7 +28,7 @@ protected:
     const std::string poe = " Poe, Edgar" + Blanks(24) + "A-3 ";
 };
 
-TEST_F(VacationReportTest, FebruaryShowsEachDaysLetterUnderItsNumber)
+TEST_F(VacationReportTest, FebruaryShowsEachDaysLetterAndAGroupNumbersTheTextRowsButTheCsvKeepsTheTableIndex)
 {
     // February has the present year's 28 days; the letters of 31 January and 1 March stay out.
     app_->ReportMonth = 2;
@@ -47,12 +46,8 @@ TEST_F(VacationReportTest, FebruaryShowsEachDaysLetterUnderItsNumber)
                                            "3, Poe, Edgar, A-3, " + Repeat("-, ", 28)}));
     EXPECT_TRUE(prompts().empty());
     EXPECT_FALSE(backend_->ui.busy());
-}
 
-TEST_F(VacationReportTest, AGroupNumbersTheTextRowsButTheCsvKeepsTheTableIndex)
-{
     // Doe and Poe are rows 1 and 2 of the text; in the CSV they stay 1 and 3.
-    app_->ReportMonth = 2;
     app_->ReportWorkGroup = "A";
     EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::Done);
     const std::string text = read("VACATION.TXT");
@@ -72,7 +67,7 @@ TEST_F(VacationReportTest, AGroupNumbersTheTextRowsButTheCsvKeepsTheTableIndex)
     EXPECT_EQ(read("VACATION.CSV"), Lines({"2, =Month, 2026, =Year, as of 11/22/2026 08:00:00"}));
 }
 
-TEST_F(VacationReportTest, ALaterMonthIsLastYearsAfterTheNotice)
+TEST_F(VacationReportTest, ALaterMonthIsLastYearsAfterTheNoticeWithThePresentYearsFebruary)
 {
     // December 2025: days 335 to 365 of that year, with its 31 days.
     add({"Zed", "Amy", "C-4", "1", 0, AttendanceWith({{334, 'V'}, {335, 'S'}, {365, 'T'}, {366, 'X'}})});
@@ -87,16 +82,13 @@ TEST_F(VacationReportTest, ALaterMonthIsLastYearsAfterTheNotice)
                      kColumns, "  1  Zed, Amy" + Blanks(26) + "C-4 S  " + Repeat("-  ", 29) + "T  "}));
     EXPECT_EQ(read("VACATION.CSV"), Lines({"12, =Month, 2025, =Year, as of 11/22/2026 08:00:00",
                                            "4, Zed, Amy, C-4, S, " + Repeat("-, ", 29) + "T, "}));
-}
 
-TEST_F(VacationReportTest, FebruaryOfLastYearHasThePresentYearsLength)
-{
     // In January 2029 February is last year's, 2028, a leap year: its days are 32 to 60 of 2028,
     // but the month has the 28 days of February 2029, so the 29th (day 60) is not shown.
     now(2029, 1, 15, 9, 30, 0);
-    add({"Zed", "Amy", "C-4", "1", 0, AttendanceWith({{32, 'S'}, {59, 'V'}, {60, 'X'}})});
+    app_->Attendance[3] = AttendanceWith({{32, 'S'}, {59, 'V'}, {60, 'X'}});
     app_->ReportMonth = 2;
-    app_->ReportWorkGroup = "C";
+    ui().clearRecords();
     EXPECT_EQ(GenerateVacationReport(*app_), ReportOutcome::Done);
     EXPECT_EQ(prompts(), std::vector<std::string>{kNotice});
     EXPECT_EQ(read("VACATION.CSV"), Lines({"2, =Month, 2028, =Year, as of 1/15/2029 09:30:00",

@@ -1,5 +1,4 @@
-// Every window of the program from the keyboard: no two controls of one window, and no two entries
-// of one menu level, may share an Alt shortcut, or the key reaches neither of them.
+// No two controls of a window, nor two entries of a menu level, may share an Alt key.
 #include "admin/cert_ex_form.h"
 #include "admin/config_form.h"
 #include "admin/config_reader_form.h"
@@ -11,6 +10,9 @@
 #include "admin/sick_form.h"
 #include "admin/title_form.h"
 #include "admin/unknown_form.h"
+#include "automation/auto_frm.h"
+#include "automation/log_sort_form.h"
+#include "automation/names_form.h"
 #include "reports/disp_form.h"
 #include "reports/help_form.h"
 #include "reports/individual_employee_selection_form.h"
@@ -77,7 +79,8 @@ TEST_F(AccessKeys, NoWindowHasTwoControlsOrMenuEntriesOnOneKey)
              &a.unKnowFo(),      &a.certExForm(),       &a.limitsForm(),
              &a.sickForm(),      &a.modForm(),          &a.configform(),
              &a.selConfigForm(), &a.conFigReaderForm(), &a.dirForm(),
-             &a.dispForm(),      &a.helpForm(),         &a.individualEmployeeSelectionForm()}) {
+             &a.dispForm(),      &a.helpForm(),         &a.individualEmployeeSelectionForm(),
+             &a.autoFrm(),       &a.logSortForm(),      &a.namesForm()}) {
         // The menu bar's titles answer Alt in the window as its controls do.
         KeyHolders window;
         for (const Control* c : w->controls())

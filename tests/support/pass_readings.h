@@ -1,6 +1,4 @@
-// What the test window shows after the tester's standard passing message (3.5, 12 and 11.2
-// megohms with the DIP limits 0.75-10 and 0.75-99.98) for an employee on the tester's limits.
-// Both the headless visits and the station on a real serial port must show exactly this.
+// What the test window shows after the tester's standard passing message, on any backend.
 #pragma once
 
 #include "station/rs232_form.h"

@@ -15,17 +15,33 @@ std::string NamesLine(const Employee& e)
            ", " + e.attendance + ", 0, " + e.password + ", 0";
 }
 
+std::vector<std::string> CrLfLines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    for (size_t start = 0; start < text.size();) {
+        const size_t end = text.find("\r\n", start);
+        if (end == std::string::npos) {
+            lines.push_back(text.substr(start) + "<no line end>");
+            break;
+        }
+        lines.push_back(text.substr(start, end - start));
+        start = end + 2;
+    }
+    return lines;
+}
+
+std::string Repeat(const std::string& part, int times)
+{
+    std::string out;
+    for (int i = 0; i < times; ++i)
+        out += part;
+    return out;
+}
+
 std::string TesterMessage(float wrist, float left, float right, const std::string& wristState,
                           const std::string& footState)
 {
-    TesterFields f;
-    f.wrist = wrist;
-    f.left = left;
-    f.right = right;
-    f.wristState = wristState;
-    f.footState = footState;
-    f.rightState = footState;
-    return FormatTesterMessage(f);
+    return FormatTesterMessage(TesterFields{wrist, left, right, wristState, footState, footState});
 }
 
 std::string PassMessage()
@@ -63,6 +79,13 @@ void ScenarioTest::startStation()
     app_->nameForm().Load();
 }
 
+void ScenarioTest::startWith(const std::function<void(Settings&)>& change)
+{
+    writeSettings(change);
+    startStation();
+    ui().clearRecords();
+}
+
 void ScenarioTest::pickName(int row)
 {
     NameForm& f = app_->nameForm();
@@ -76,26 +99,28 @@ void ScenarioTest::tester(const std::string& text)
     ui().advance(0);
 }
 
+void ScenarioTest::typeIn(const std::string& text)
+{
+    app_->nameForm().NameOrIDText.userEdit(text);
+    app_->nameForm().NameOrIDText.userKey(keys::Return, keys::Return);
+}
+
 std::vector<std::string> ScenarioTest::logLines()
 {
     return fileLines("LOG.TXT");
 }
 
-std::vector<std::string> ScenarioTest::fileLines(const std::string& name)
+std::vector<std::string> ScenarioTest::prompts()
 {
-    std::vector<std::string> lines;
-    const std::string text = read(name);
-    size_t start = 0;
-    while (start < text.size()) {
-        size_t end = text.find("\r\n", start);
-        if (end == std::string::npos) {
-            lines.push_back(text.substr(start) + "<no line end>");
-            break;
-        }
-        lines.push_back(text.substr(start, end - start));
-        start = end + 2;
-    }
-    return lines;
+    std::vector<std::string> out;
+    for (const auto& m : ui().messages())
+        out.push_back(m.prompt);
+    return out;
+}
+
+std::string ScenarioTest::lastMessage()
+{
+    return ui().messages().empty() ? "" : ui().messages().back().prompt;
 }
 
 void ScenarioTest::answerPassword(const std::string& text)

@@ -1,5 +1,4 @@
-// A whole station on the headless backend: settings and employees written as files, the main
-// window started as the program starts it, and helpers that act as the employee and the tester.
+// A whole station on the headless backend, with helpers that act as the employee and the tester.
 #pragma once
 
 #include "data/settings.h"
@@ -23,6 +22,9 @@ struct Employee
 
 // One line of NAMES.TXT for the employee, in the writer's field order.
 std::string NamesLine(const Employee& e);
+// The lines of a text, without their CR LF; a line ended otherwise is marked "<no line end>".
+std::vector<std::string> CrLfLines(const std::string& text);
+std::string Repeat(const std::string& part, int times);
 
 // The tester's message for three readings in the two-digit form, with the switch taking nothing
 // out and the DIP limits 0.75-10 (wrist) and 0.75-99.98 (foot).
@@ -40,17 +42,24 @@ protected:
     void writeEmployees(const std::vector<Employee>& employees);
     // Loads the main window as the program does; the title screen closes by its own timer.
     void startStation();
+    // The settings written, the station started, and what it showed on the way forgotten.
+    void startWith(const std::function<void(Settings&)>& change = {});
     // The employee clicks the name in the list (the test starts at the release of the button).
     void pickName(int row);
     // The tester sends text, which arrives on the next turn of the event loop.
     void tester(const std::string& text);
+    // Text typed into the main window's box, ended with Enter.
+    void typeIn(const std::string& text);
     headless::LoopbackLine& testerLine() { return line(1); }
     // The next showing of the password window gets this typed and OK pressed, or Cancel.
     void answerPassword(const std::string& text);
     void cancelPassword();
     std::vector<std::string> logLines();
     // The lines of a file of the program directory, without their CR LF.
-    std::vector<std::string> fileLines(const std::string& name);
+    std::vector<std::string> fileLines(const std::string& name) { return CrLfLines(read(name)); }
+    // The prompts of the message and input boxes shown so far, and the last of them.
+    std::vector<std::string> prompts();
+    std::string lastMessage();
     bool testWindowOpen();
 };
 

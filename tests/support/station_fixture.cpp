@@ -1,25 +1,19 @@
 #include "support/station_fixture.h"
 
-#include <atomic>
-#include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 namespace zandolt::testing {
 
 TempDir::TempDir()
 {
-    static std::atomic<int> counter{0};
-    auto base = std::filesystem::temp_directory_path();
-    auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
-    for (;;) {
-        auto p = base / ("zandolt-test-" + std::to_string(stamp) + "-" + std::to_string(counter++));
-        if (std::filesystem::create_directory(p)) {
-            path_ = p.string();
-            return;
-        }
-    }
+    std::string pattern = (std::filesystem::temp_directory_path() / "zandolt-test-XXXXXX").string();
+    if (::mkdtemp(pattern.data()) == nullptr)
+        throw std::runtime_error("no temporary directory: " + pattern);
+    path_ = pattern;
 }
 
 TempDir::~TempDir()
@@ -51,11 +45,6 @@ StationTest::StationTest()
     : backend_(std::make_unique<headless::HeadlessBackend>(dir_.path())),
       app_(std::make_unique<App>(backend_->services()))
 {
-}
-
-StationTest::~StationTest()
-{
-    app_.reset();
 }
 
 } // namespace zandolt::testing

@@ -33,7 +33,6 @@ class StationTest : public ::testing::Test
 {
 protected:
     StationTest();
-    ~StationTest() override;
 
     // A file of the program directory.
     std::string path(const std::string& name) const { return dir_.path() + "/" + name; }
@@ -46,7 +45,7 @@ protected:
 
     TempDir dir_;
     std::unique_ptr<headless::HeadlessBackend> backend_;
-    std::unique_ptr<App> app_;
+    std::unique_ptr<App> app_; // goes first, before the backend it uses
 };
 
 } // namespace zandolt::testing
