@@ -3,10 +3,12 @@
 // standard output the moment it begins to replace the first file. It saves:
 //   names TAG            every employee's password set to TAG, NAMES.TXT saved
 //   ini TAG              the company name set to TAG repeated to 1 MiB, ZANDOLT.INI saved
+//   genreports TAG       a full schedule whose address lists carry TAG, GENREPORTS.TXT saved
 //   report KIND OPTIONS  one report, as zandolt-report makes it with the same arguments
 // Exits 0 when the save went through, 1 when it took its error path (a window or a message showed
 // up), 2 on bad arguments.
 #include "app.h"
+#include "automation/auto_frm.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
 #include "platform/headless/headless_backend.h"
@@ -36,6 +38,31 @@ void setCompanyName(App& app, const std::string& tag)
         app.CompanyName += tag;
 }
 
+// All 257 slots of the schedule, each mailing its report to 120 addresses that carry the tag: about
+// 0.7 MB of text.
+void setSchedule(App& app, const std::string& tag)
+{
+    AutoFrm& f = app.autoFrm();
+    for (int slot = 0; slot < ScheduleSlotCount; ++slot) {
+        ScheduleEntry& e = f.Schedule.Sched[static_cast<size_t>(slot)];
+        e.SchedDays = sched_days::Monday | sched_days::Thursday;
+        e.SchedTime = static_cast<int16>(slot % 24 * 100 + slot % 60);
+        e.SchedKind = sched_kinds::Monthly;
+        e.SchedWorkGroup = "G" + std::to_string(slot % 7);
+        e.SchedAddress.clear();
+        for (int a = 0; a < 120; ++a)
+            e.SchedAddress +=
+                (a ? ";qa" : "qa") + std::to_string(a) + "." + tag + "@plant" + std::to_string(slot) + ".example";
+    }
+    f.Schedule.SchedLastIndex = ScheduleSlotCount - 1;
+    f.DisplayVars();
+}
+
+void saveSchedule(App& app)
+{
+    app.autoFrm().SaveAutoGenFile();
+}
+
 // A file the worker can save: what it changes first, and the station's own save.
 struct Saver
 {
@@ -47,6 +74,7 @@ struct Saver
 const Saver Savers[] = {
     {"names", setPasswords, SaveNamesFile},
     {"ini", setCompanyName, SaveIniFile},
+    {"genreports", setSchedule, saveSchedule},
 };
 
 // The real files, which say so on standard output when a file is first replaced: from then on a
@@ -80,7 +108,8 @@ private:
 
 int usage()
 {
-    std::fprintf(stderr, "usage: save_worker DIR names|ini TAG\n       save_worker DIR report KIND OPTIONS...\n");
+    std::fprintf(stderr,
+                 "usage: save_worker DIR names|ini|genreports TAG\n       save_worker DIR report KIND OPTIONS...\n");
     return 2;
 }
 
