@@ -41,7 +41,7 @@ const SaveCase Cases[] = {
     {"Names", {"NAMES.TXT"}, {"names", "first"}, {"names", "second"}, 5000, 0},
     // A company name of 1 MiB.
     {"Settings", {"ZANDOLT.INI"}, {"ini", "1"}, {"ini", "2"}, 20, 0},
-    // A full schedule of long address lists, 0.7 MB.
+    // A full schedule of long address lists, 2.2 MB.
     {"ReportSchedule", {"GENREPORTS.TXT"}, {"genreports", "a"}, {"genreports", "b"}, 20, 0},
     // 0.8 MB built in memory and replaced whole: October has no test, November's grid has them.
     {"MonthlyReport",
