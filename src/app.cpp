@@ -1,5 +1,7 @@
 #include "app.h"
 
+#include "station_windows.h"
+
 namespace zandolt {
 
 App::App(Services services)

@@ -4,10 +4,10 @@
 #pragma once
 
 #include "data/employee_table.h"
+#include "data/report_parameters.h"
 #include "data/settings.h"
+#include "data/test_record.h"
 #include "platform/services.h"
-#include "reports/report_parameters.h"
-#include "station/test_record.h"
 
 #include <memory>
 #include <string>
@@ -38,6 +38,7 @@ class IndividualEmployeeSelectionForm;
 class AutoFrm;
 class LogSortForm;
 class NamesForm;
+class StationWindows;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -99,6 +100,10 @@ public:
     LogSortForm& logSortForm();
     NamesForm& namesForm();
 
+    // What the layers below the station ask of its windows. The station defines it, beside its
+    // implementation, which it makes at the first call.
+    StationWindows& stationWindows();
+
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
 
@@ -128,6 +133,7 @@ private:
     std::unique_ptr<Form> autoFrm_;
     std::unique_ptr<Form> logSortForm_;
     std::unique_ptr<Form> namesForm_;
+    std::unique_ptr<StationWindows> stationWindows_;
 };
 
 } // namespace zandolt

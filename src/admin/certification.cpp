@@ -4,25 +4,10 @@
 #include "data/dates.h"
 #include "data/names_file.h"
 #include "data/number_text.h"
-#include "data/text_encoding.h"
-#include "station/err_msg_frm.h"
+#include "platform/text_encoding.h"
+#include "station_windows.h"
 
 namespace zandolt {
-
-namespace {
-
-// The error window, shown modally with its own default time.
-void showCertificateWindow(App& app, const std::string& title, const std::string& text)
-{
-    ErrMsgFrm& e = app.errMsgFrm();
-    e.Unload();
-    e.Load();
-    e.LabelText.setCaption(text);
-    e.setCaption(title);
-    e.ShowModal();
-}
-
-} // namespace
 
 int CheckCertification(App& app)
 {
@@ -33,8 +18,8 @@ int CheckCertification(App& app)
     if (daysLeft < 0) {
         switch (app.CertAccessMode) {
         case 1:
-            showCertificateWindow(app, "Certificate Expired",
-                                  "Sorry, your training certification has expired.  Please see your supervisor.");
+            app.stationWindows().ShowErrorOnDefaults(
+                "Certificate Expired", "Sorry, your training certification has expired.  Please see your supervisor.");
             return 0;
         case 2: {
             // A blank answer is the input box's cancel, and it ends without a message.
@@ -69,9 +54,10 @@ int CheckCertification(App& app)
         app.UpdateFlag[r] = True;
         if (app.CertWarning[r] < 0)
             app.CertWarning[r] = 0;
-        showCertificateWindow(app, "Certificate Will Expire Soon",
-                              "Your training certification will expire in " + NumberText(static_cast<int>(daysLeft)) +
-                                  " days.  Please see your supervisor for recertification.");
+        app.stationWindows().ShowErrorOnDefaults("Certificate Will Expire Soon",
+                                                 "Your training certification will expire in " +
+                                                     NumberText(static_cast<int>(daysLeft)) +
+                                                     " days.  Please see your supervisor for recertification.");
         // With no interval the countdown is not saved, so the warning comes at every login.
         if (app.CertWarnIntervalDays < 1)
             return 1;

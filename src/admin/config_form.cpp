@@ -6,7 +6,7 @@
 #include "data/number_text.h"
 #include "data/settings_file.h"
 #include "data/storable_text.h"
-#include "station/name_form.h"
+#include "station_windows.h"
 
 #include <algorithm>
 #include <optional>
@@ -175,19 +175,8 @@ void Configform::OKBut_Click()
     app_.ScanBadgeMessage = withoutCommas(ScanBadgeText.text(), "scan badge message");
     app_.AllowOfflineTesting = AllowOfflineTestingCheck.value() != 0 ? True : False;
     // Offline testing holds the tester's DTR low; it follows the box at once.
-    SerialPort& tester = app_.nameForm().Comm1();
-    if (tester.isOpen())
-        tester.setDtr(app_.AllowOfflineTesting == 0);
+    app_.stationWindows().FollowOfflineTesting();
     Unload();
-}
-
-void ShowSettingsWindow(App& app, Form& window)
-{
-    window.ShowModal();
-    SaveIniFile(app);
-    app.nameForm().SetupMainWindow();
-    if (app.BarCodeFlag >= 2 && app.BarCodeFlag <= 5)
-        app.nameForm().OpenReaderPort();
 }
 
 } // namespace zandolt

@@ -60,8 +60,4 @@ private:
     App& app_;
 };
 
-// Shows a settings window modally and, once it has closed by OK or by Cancel, saves the settings
-// file, refreshes the main window and restarts the card reader link when a serial reader is chosen.
-void ShowSettingsWindow(App& app, Form& window);
-
 } // namespace zandolt

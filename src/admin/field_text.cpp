@@ -1,7 +1,7 @@
 #include "admin/field_text.h"
 
 #include "data/number_text.h"
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 
 namespace zandolt {
 

@@ -4,8 +4,8 @@
 #include "app.h"
 #include "data/dates.h"
 #include "data/names_file.h"
-#include "data/text_encoding.h"
-#include "reports/disp_form.h"
+#include "platform/text_encoding.h"
+#include "station_windows.h"
 
 #include <cstdio>
 
@@ -89,31 +89,12 @@ std::string LeaveSummaryText(int year, const std::string& firstName, const std::
     return text;
 }
 
-namespace {
-
-// The viewer, modal, since the leave windows that open it may be modal themselves.
-void ShowInLeaveViewer(App& app, const std::string& title, const std::string& hook, const std::string& text,
-                       double viewerFontSize)
-{
-    app.ReportMacroName = hook;
-    DispForm& f = app.dispForm();
-    f.Load();
-    f.ShowMacroButton();
-    f.setCaption(title);
-    f.TextBox1.setFontName(app.PrinterFontName);
-    f.TextBox1.setFontSize(viewerFontSize);
-    f.TextBox1.setText(text);
-    f.ShowModal();
-}
-
-} // namespace
-
 void ShowLeaveSummary(App& app, int row, const std::string& attendance)
 {
     const auto r = static_cast<size_t>(row);
     app.printer.setFontSize(app.PrinterFontSize);
-    ShowInLeaveViewer(
-        app, "Leave Status", "Leave.bat",
+    app.stationWindows().ShowInViewer(
+        "Leave Status", "Leave.bat",
         LeaveSummaryText(app.clock.now().year, app.FirstName[r], app.LastName[r], app.IDNum[r], attendance),
         app.PrinterFontSize);
 }
@@ -131,7 +112,7 @@ void ShowHelpFile(App& app, const std::string& path)
         return;
     }
     app.printer.setFontSize(app.PrinterFontSize + 2);
-    ShowInLeaveViewer(app, "Help", "Help.bat", text, app.PrinterFontSize + 1);
+    app.stationWindows().ShowInViewer("Help", "Help.bat", text, app.PrinterFontSize + 1);
 }
 
 void ResetSickTime(App& app)

@@ -1,7 +1,7 @@
 #include "admin/pass_form.h"
 
 #include "app.h"
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 
 namespace zandolt {
 

@@ -5,8 +5,7 @@
 #include "data/names_file.h"
 #include "data/settings_file.h"
 #include "data/storable_text.h"
-#include "station/name_form.h"
-#include "station/rs232_form.h"
+#include "station_windows.h"
 
 namespace zandolt {
 
@@ -15,13 +14,8 @@ namespace {
 // Every pass through the gate restarts the full time after which it closes again.
 void restartExpiry(App& app)
 {
-    if (app.MinutesToUsePassword <= 0)
-        return;
-    NameForm& f = app.nameForm();
-    f.PasswordExpirationTimer.setEnabled(false);
-    f.PasswordExpirationTimer.setInterval(60000);
-    f.PasswordMinutesLeft = app.MinutesToUsePassword;
-    f.PasswordExpirationTimer.setEnabled(true);
+    if (app.MinutesToUsePassword > 0)
+        app.stationWindows().RestartPasswordExpiry();
 }
 
 } // namespace
@@ -130,12 +124,11 @@ bool AskEmployeeTestPassword(App& app)
     return false;
 }
 
-void ChangeEmployeeTestPassword(App& app)
+void ChangeEmployeeTestPassword(App& app, Timer& leaveTimer)
 {
     if (app.CurrentEmployee < 0)
         return;
     const std::string kept = app.EnteredPassword;
-    Timer& leaveTimer = app.rs232Form().LeaveFormTimer;
     leaveTimer.setEnabled(false);
     for (;;) {
         const std::string first = AskPassword(app, "Enter the new Employee test password.");

@@ -2,14 +2,15 @@
 // employee password, and the employee's own test password.
 #pragma once
 
-#include "data/text_encoding.h"
 #include "data/types.h"
+#include "platform/text_encoding.h"
 
 #include <string>
 
 namespace zandolt {
 
 class App;
+class Timer;
 
 // -1 when the administrator may go on: the gate stands open or the right password was typed.
 int16 CheckPassWord(App& app);
@@ -24,8 +25,9 @@ int16 AskVacationPassword(App& app);
 // Asks the employee in CurrentEmployee for the own test password when the station wants it.
 // True when the test may start.
 bool AskEmployeeTestPassword(App& app);
-// Lets the employee in CurrentEmployee set the own test password from the test window.
-void ChangeEmployeeTestPassword(App& app);
+// Lets the employee in CurrentEmployee set the own test password from the test window, whose time
+// limit, leaveTimer, stands still meanwhile.
+void ChangeEmployeeTestPassword(App& app, Timer& leaveTimer);
 // A new password goes into a comma-separated file of the given encoding, which cannot hold a comma
 // or a line end: true, after a message, when the password holds one, and the caller asks again.
 bool PasswordRefused(App& app, std::string password, TextEncoding file);

@@ -4,7 +4,6 @@
 #include "admin/passwords.h"
 #include "app.h"
 #include "data/names_file.h"
-#include "station/rs232_form.h"
 
 namespace zandolt {
 
@@ -74,11 +73,10 @@ void SickForm::OKBut_Click()
     Unload();
 }
 
-void OpenLeaveFromTestWindow(App& app)
+void OpenLeaveFromTestWindow(App& app, Timer& limit)
 {
     if (!AskVacationPassword(app))
         return;
-    Timer& limit = app.rs232Form().LeaveFormTimer;
     const int interval = limit.interval();
     limit.setEnabled(false);
     app.sickForm().ShowModal();

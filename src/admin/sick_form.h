@@ -38,7 +38,7 @@ private:
 };
 
 // The leave button of the test window: the employee password, then the leave window, with the
-// test window's time limit held meanwhile.
-void OpenLeaveFromTestWindow(App& app);
+// test window's time limit, `limit`, held meanwhile.
+void OpenLeaveFromTestWindow(App& app, Timer& limit);
 
 } // namespace zandolt

@@ -4,8 +4,7 @@
 #include "data/dates.h"
 #include "data/names_file.h"
 #include "data/storable_text.h"
-#include "station/err_msg_frm.h"
-#include "station/rs232_form.h"
+#include "station_windows.h"
 
 #include <algorithm>
 
@@ -137,7 +136,7 @@ void CancelButton_KeyDown(App& app)
 {
     if (!(app.AddUnknownFlag & enrol::AllowRename))
         return;
-    auto endVisit = [&app] { CloseTestWindow(app); };
+    auto endVisit = [&app] { app.stationWindows().CloseTestWindow(); };
     if (app.ui.msgBox("Do you want to change this name?", msgbox::YesNo, "") != msgbox::Yes)
         return endVisit();
     const std::string answer = app.ui.inputBox(NewNamePrompt, "New Name", "");

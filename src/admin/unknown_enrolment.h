@@ -2,7 +2,7 @@
 // a known name taking over a new badge, and the renaming of the employee in the test window.
 #pragma once
 
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 
 #include <string>
 

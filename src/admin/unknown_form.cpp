@@ -1,12 +1,9 @@
 #include "admin/unknown_form.h"
 
-#include "admin/passwords.h"
 #include "admin/unknown_enrolment.h"
 #include "app.h"
 #include "data/number_text.h"
-#include "data/settings_file.h"
 #include "data/storable_text.h"
-#include "station/name_form.h"
 
 namespace zandolt {
 
@@ -174,15 +171,6 @@ void UnKnowFo::OkBut_Click()
     app_.DefaultWristRequired = checked(WristCheck);
     app_.DefaultFootRequired = checked(FootCheck);
     Unload();
-}
-
-void ShowUnknownIdConfiguration(App& app)
-{
-    if (!CheckPassWord(app))
-        return;
-    app.unKnowFo().ShowModal();
-    SaveIniFile(app);
-    app.nameForm().SetupMainWindow();
 }
 
 } // namespace zandolt

@@ -36,8 +36,4 @@ private:
     App& app_;
 };
 
-// The menu entry: behind the administrator gate, the window modally, then the settings saved and
-// the main window shown as they now ask, whichever button closed the window.
-void ShowUnknownIdConfiguration(App& app);
-
 } // namespace zandolt

@@ -6,8 +6,7 @@
 #include "automation/names_merge.h"
 #include "automation/station_dirs.h"
 #include "data/names_file.h"
-#include "station/err_msg_frm.h"
-#include "station/name_form.h"
+#include "station_windows.h"
 
 #include <vector>
 

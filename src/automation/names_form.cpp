@@ -5,7 +5,7 @@
 #include "automation/station_dirs.h"
 #include "data/names_file.h"
 #include "data/text_lines.h"
-#include "station/err_msg_frm.h"
+#include "station_windows.h"
 
 #include <vector>
 

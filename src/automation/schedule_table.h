@@ -3,9 +3,9 @@
 // save writes, so the stamp of each entry's last run lives in the same lines people edit.
 #pragma once
 
+#include "data/report_parameters.h"
 #include "data/types.h"
 #include "platform/locale.h"
-#include "reports/report_parameters.h"
 
 #include <array>
 #include <optional>

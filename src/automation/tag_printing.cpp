@@ -2,7 +2,7 @@
 
 #include "app.h"
 #include "data/text_lines.h"
-#include "station/err_msg_frm.h"
+#include "station_windows.h"
 
 #include <cstdio>
 

@@ -1,8 +1,8 @@
 // The employee table: parallel columns indexed by the row number, 0 to MaxEmployeeIndex.
 #pragma once
 
-#include "data/text_encoding.h"
 #include "data/types.h"
+#include "platform/text_encoding.h"
 
 #include <string>
 #include <vector>

@@ -5,8 +5,7 @@
 #include "data/names_line.h"
 #include "data/number_text.h"
 #include "data/text_join.h"
-#include "station/err_msg_frm.h"
-#include "station/name_form.h"
+#include "station_windows.h"
 
 #include <string_view>
 

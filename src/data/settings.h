@@ -2,8 +2,8 @@
 // built from the directories. The names are those of the settings file's lines.
 #pragma once
 
-#include "data/text_encoding.h"
 #include "data/types.h"
+#include "platform/text_encoding.h"
 
 #include <string>
 

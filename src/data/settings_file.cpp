@@ -4,7 +4,7 @@
 #include "data/ini_items.h"
 #include "data/number_text.h"
 #include "data/strings.h"
-#include "station/err_msg_frm.h"
+#include "station_windows.h"
 
 #include <string>
 #include <variant>

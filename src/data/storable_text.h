@@ -2,7 +2,7 @@
 // separate their fields by commas and their lines by line ends, and neither can escape them.
 #pragma once
 
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 
 #include <string>
 

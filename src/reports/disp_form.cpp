@@ -105,4 +105,17 @@ void DispForm::PrintViaMacroBut_Click()
     app_.programs.run("sh " + QuoteForShell(app_.files.resolve(app_.AppDir + app_.ReportMacroName)), app_.AppDir);
 }
 
+void ShowInViewer(App& app, const std::string& title, const std::string& hook, const std::string& text, double fontSize)
+{
+    app.ReportMacroName = hook;
+    DispForm& f = app.dispForm();
+    f.Load();
+    f.ShowMacroButton();
+    f.setCaption(title);
+    f.TextBox1.setFontName(app.PrinterFontName);
+    f.TextBox1.setFontSize(fontSize);
+    f.TextBox1.setText(text);
+    f.ShowModal();
+}
+
 } // namespace zandolt

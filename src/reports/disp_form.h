@@ -4,6 +4,8 @@
 
 #include "platform/ui.h"
 
+#include <string>
+
 namespace zandolt {
 
 class App;
@@ -35,5 +37,10 @@ private:
 
     App& app_;
 };
+
+// The viewer, modal, with a text, its title, the site's batch file for it and the font size of the
+// text; modal, since the windows that open it this way may be modal themselves.
+void ShowInViewer(App& app, const std::string& title, const std::string& hook, const std::string& text,
+                  double fontSize);
 
 } // namespace zandolt

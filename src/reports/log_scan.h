@@ -6,10 +6,10 @@
 // reports.
 #pragma once
 
+#include "data/report_parameters.h"
 #include "data/types.h"
 #include "platform/clock.h"
 #include "reports/log_stream.h"
-#include "reports/report_parameters.h"
 
 #include <cstdint>
 #include <string>

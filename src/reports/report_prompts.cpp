@@ -3,7 +3,7 @@
 #include "app.h"
 #include "data/dates.h"
 #include "data/number_text.h"
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 #include "reports/individual_employee_selection_form.h"
 
 namespace zandolt {

@@ -3,7 +3,7 @@
 #include "admin/unknown_enrolment.h"
 #include "app.h"
 #include "data/number_text.h"
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 #include "station/err_msg_frm.h"
 #include "station/identification.h"
 #include "station/name_form.h"

@@ -76,21 +76,29 @@ void ErrMsgFrm::OKBut_Click()
     Unload();
 }
 
-void ShowTimedError(App& app, const std::string& message, int seconds)
+void ErrMsgFrm::ShowTimed(const std::string& message, int seconds)
 {
-    ErrMsgFrm& f = app.errMsgFrm();
-    f.Load(); // the load resets the request, so the request is set after it
-    f.LabelText.setCaption(message);
-    f.setCaption("");
-    app.ErrorTicksRequest = static_cast<int16>(seconds * 4);
-    app.ErrorBeepFlag = False;
-    f.setBackColor(colors::SysMenuBar);
-    f.LabelText.setBackColor(colors::SysMenuBar);
-    f.LabelText.setForeColor(colors::Black);
+    Load(); // the load resets the request, so the request is set after it
+    LabelText.setCaption(message);
+    setCaption("");
+    app_.ErrorTicksRequest = static_cast<int16>(seconds * 4);
+    app_.ErrorBeepFlag = False;
+    setBackColor(colors::SysMenuBar);
+    LabelText.setBackColor(colors::SysMenuBar);
+    LabelText.setForeColor(colors::Black);
     // A message that comes while one is up replaces its text and restarts its time; showing the
     // window modally a second time would fail, and that failure is of no account.
-    if (!f.modal())
-        f.ShowModal();
+    if (!modal())
+        ShowModal();
+}
+
+void ErrMsgFrm::ShowOnDefaults(const std::string& title, const std::string& text)
+{
+    Unload();
+    Load();
+    LabelText.setCaption(text);
+    setCaption(title);
+    ShowModal();
 }
 
 void ShowErrorWindow(App& app, const std::string& title, const std::string& text)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/ui.h"
+#include "station_windows.h"
 
 #include <string>
 
@@ -21,6 +22,11 @@ public:
 
     int ticksLeft() const { return ticksLeft_; }
 
+    // ShowTimedError: the message for `seconds` (4 ticks a second), silently; returns when closed.
+    void ShowTimed(const std::string& message, int seconds);
+    // The window unloaded and loaded again with a title and a text, on the defaults of the load.
+    void ShowOnDefaults(const std::string& title, const std::string& text);
+
 protected:
     void design() override;
     void wire() override;
@@ -34,9 +40,6 @@ private:
     int ticksLeft_ = 12;
     int beepsLeft_ = 8;
 };
-
-// Shows a message for `seconds` (4 ticks a second), silently, and returns when it has closed.
-void ShowTimedError(App& app, const std::string& message, int seconds = 2);
 
 // The form used by identification and the port errors: a title, a text, 16 ticks with beeps.
 void ShowErrorWindow(App& app, const std::string& title, const std::string& text);

@@ -5,7 +5,7 @@
 #include "app.h"
 #include "data/dates.h"
 #include "data/number_text.h"
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 #include "station/err_msg_frm.h"
 #include "station/name_form.h"
 #include "station/start_test.h"

@@ -2,8 +2,8 @@
 // may share.
 #pragma once
 
+#include "data/test_record.h"
 #include "platform/clock.h"
-#include "station/test_record.h"
 
 #include <string>
 

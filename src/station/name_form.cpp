@@ -339,23 +339,37 @@ void NameForm::Form_QueryUnload(int& cancel, UnloadMode mode)
     }
 }
 
-void FillNameList(App& app)
+void NameForm::FillNameList()
 {
-    NameForm& f = app.nameForm();
-    std::vector<std::string> items = f.List1.takeItems();
-    items.resize(static_cast<size_t>(app.EmployeeCount));
-    for (int row = 0; row < app.EmployeeCount; ++row) {
+    std::vector<std::string> items = List1.takeItems();
+    items.resize(static_cast<size_t>(app_.EmployeeCount));
+    for (int row = 0; row < app_.EmployeeCount; ++row) {
         // " %3d. " and the name.
         char number[12];
         const size_t digits = static_cast<size_t>(std::to_chars(number, number + sizeof number, row + 1).ptr - number);
         const std::string_view blanks("   ", digits < 3 ? 4 - digits : 1);
         AssignJoined(items[static_cast<size_t>(row)], blanks, std::string_view(number, digits), ". ",
-                     app.FullName[static_cast<size_t>(row)]);
+                     app_.FullName[static_cast<size_t>(row)]);
     }
-    f.List1.setItems(std::move(items));
-    app.CurrentEmployee = 0;
-    if (app.EmployeeCount > 0)
-        f.List1.setListIndex(0);
+    List1.setItems(std::move(items));
+    app_.CurrentEmployee = 0;
+    if (app_.EmployeeCount > 0)
+        List1.setListIndex(0);
+}
+
+void NameForm::RestartPasswordExpiry()
+{
+    PasswordExpirationTimer.setEnabled(false);
+    PasswordExpirationTimer.setInterval(60000);
+    PasswordMinutesLeft = app_.MinutesToUsePassword;
+    PasswordExpirationTimer.setEnabled(true);
+}
+
+void NameForm::FollowOfflineTesting()
+{
+    SerialPort& tester = Comm1();
+    if (tester.isOpen())
+        tester.setDtr(app_.AllowOfflineTesting == 0);
 }
 
 } // namespace zandolt

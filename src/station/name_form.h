@@ -4,6 +4,7 @@
 
 #include "platform/serial.h"
 #include "platform/ui.h"
+#include "station_windows.h"
 
 #include <memory>
 
@@ -52,6 +53,12 @@ public:
     void OpenReaderPort();
     // Minutes until the administrator gate closes again.
     int PasswordMinutesLeft = 0;
+    // The gate's full time again, from now.
+    void RestartPasswordExpiry();
+    // Holds the tester's DTR low while offline testing is allowed, when the port is open.
+    void FollowOfflineTesting();
+    // FillNameList: " @@@. " and the full name of each row of the table.
+    void FillNameList();
 
 protected:
     void design() override;
@@ -76,8 +83,5 @@ private:
     Color selectColor_ = 0, typeNameColor_ = 0, scanColor_ = 0, typeBadgeColor_ = 0;
     bool blinkOn_ = false;
 };
-
-// Fills the list of names of the main window from the table: " @@@. " and the full name of each row.
-void FillNameList(App& app);
 
 } // namespace zandolt

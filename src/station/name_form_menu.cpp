@@ -14,6 +14,7 @@
 #include "automation/auto_frm.h"
 #include "automation/log_merge.h"
 #include "automation/names_consolidation.h"
+#include "data/settings_file.h"
 #include "reports/help_menu.h"
 #include "reports/log_menu.h"
 #include "reports/report_frame.h"
@@ -21,6 +22,32 @@
 #include "station/name_form.h"
 
 namespace zandolt {
+
+namespace {
+
+// Shows a settings window modally and, once it has closed by OK or by Cancel, saves the settings
+// file, refreshes the main window and restarts the card reader link when a serial reader is chosen.
+void ShowSettingsWindow(App& app, Form& window)
+{
+    window.ShowModal();
+    SaveIniFile(app);
+    app.nameForm().SetupMainWindow();
+    if (app.BarCodeFlag >= 2 && app.BarCodeFlag <= 5)
+        app.nameForm().OpenReaderPort();
+}
+
+// The unknown badges' settings: behind the administrator gate, the window modally, then the settings
+// saved and the main window shown as they now ask, whichever button closed the window.
+void ShowUnknownIdConfiguration(App& app)
+{
+    if (!CheckPassWord(app))
+        return;
+    app.unKnowFo().ShowModal();
+    SaveIniFile(app);
+    app.nameForm().SetupMainWindow();
+}
+
+} // namespace
 
 void NameForm::wireMenus()
 {

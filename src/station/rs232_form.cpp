@@ -194,8 +194,8 @@ void RS232Form::wire()
     Timer1.Tick = [this] { ReceiveWindowOver(app_); };
     CancelButton.Click = [this] { Unload(); };
     CancelButton.KeyDown = [this](int&, int) { CancelButton_KeyDown(app_); };
-    PasswordBut.Click = [this] { ChangeEmployeeTestPassword(app_); };
-    VacationBut.Click = [this] { OpenLeaveFromTestWindow(app_); };
+    PasswordBut.Click = [this] { ChangeEmployeeTestPassword(app_, LeaveFormTimer); };
+    VacationBut.Click = [this] { OpenLeaveFromTestWindow(app_, LeaveFormTimer); };
 }
 
 void RS232Form::Form_Load()

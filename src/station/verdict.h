@@ -4,9 +4,9 @@
 // applied by ProcessTestResults in their order.
 #pragma once
 
+#include "data/test_record.h"
 #include "data/types.h"
 #include "platform/locale.h"
-#include "station/test_record.h"
 
 #include <optional>
 #include <string>

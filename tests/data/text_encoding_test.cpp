@@ -1,7 +1,7 @@
 // The two encodings of the station's files: the decision for a whole file, the conversions of
 // typed text, and the rule for text that is stored in a comma-separated file.
 #include "data/storable_text.h"
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 
 #include <gtest/gtest.h>
 

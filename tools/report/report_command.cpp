@@ -4,7 +4,7 @@
 #include "data/dates.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 #include "reports/attendance_table.h"
 #include "reports/certification_report.h"
 #include "reports/daily_logs.h"

@@ -4,9 +4,9 @@
 // two files as at the station.
 #pragma once
 
+#include "data/report_parameters.h"
 #include "platform/clock.h"
 #include "reports/report_frame.h"
-#include "reports/report_parameters.h"
 
 #include <optional>
 #include <ostream>

@@ -3,7 +3,7 @@
 // What a user types goes back as UTF-8.
 #pragma once
 
-#include "data/text_encoding.h"
+#include "platform/text_encoding.h"
 
 #include <QString>
 

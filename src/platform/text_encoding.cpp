@@ -1,5 +1,4 @@
-#include "data/text_encoding.h"
-
+#include "platform/text_encoding.h"
 
 namespace zandolt {
 
