@@ -148,6 +148,15 @@ TEST_F(NamesFile, ALineIsWrittenColumnByColumn)
     a.UpdateFlag[0] = 0;
     EXPECT_EQ(FormatNameLine(a, 0).substr(0, 53), "Featherstonehaugh-Smythe, Al, 1234567890123, 000.00, ");
     EXPECT_EQ(FormatNameLine(a, 0).back(), '0');
+
+    // The ID alone would give back neither an empty badge behind an empty ID (an empty field ends
+    // the line) nor a badge that keeps its ID's hyphen.
+    a.IDNum[0] = "";
+    a.BadgeNum[0] = "";
+    EXPECT_EQ(FormatNameLine(a, 0).substr(30, 3), ":, ");
+    a.IDNum[0] = "12-34";
+    a.BadgeNum[0] = "-34";
+    EXPECT_EQ(FormatNameLine(a, 0).substr(30, 11), "12-34:-34, ");
 }
 
 TEST_F(NamesFile, AnEmptyFileOrABlankLineBeforeTheFirstEmployeeFailsButHeaderLinesAloneAreAnEmptyTable)
