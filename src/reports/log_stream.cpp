@@ -51,12 +51,12 @@ bool LogStream::atEnd()
 
 bool LogStream::haveLine()
 {
-    if (failed_)
+    // At the end of the data nothing is left, also behind a comma that ended a last line without
+    // a line end.
+    if (failed_ || (pos_ == end_ && eof_))
         return false;
     if (lineEnd_ != NoLine)
         return true;
-    if (pos_ == end_ && eof_)
-        return false;
     if (searched_ < pos_)
         searched_ = pos_;
     for (;;) {
