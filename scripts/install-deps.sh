@@ -10,6 +10,7 @@ packages=(
   xvfb xauth socat xdotool imagemagick fonts-dejavu-core
   cups-daemon cups-client cups-bsd poppler-utils
   python3-aiosmtpd openssl
+  clang-14 libclang-rt-14-dev
   python3
 )
 
