@@ -3,7 +3,6 @@
 // with the reader's bit settings and the enrolment of unknown badges as the input chooses, and
 // are turned into a card, looked up and acted on as a station does.
 #include "data/names_file.h"
-#include "data/settings_file.h"
 #include "fuzz_station.h"
 #include "station/name_form.h"
 #include "station/rs232_form.h"
@@ -15,36 +14,31 @@
 namespace zandolt::fuzz {
 namespace {
 
-const std::string& EmployeeFile()
+const std::string& Employees()
 {
-    static const std::string attendance(AttendanceLength, 'A');
     static const std::string text =
-        std::string(NamesHeaderLine1) + "\r\n" + NamesHeaderLine2 + "\r\n" +
-        "Doe, Jane, ASM-4711:180, -1.00, -1.00, "
-        "-1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " +
-        attendance + ", 0, , 0\r\n" +
-        "Poe, Edgar, 1443, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " +
-        attendance + ", 0, , 0\r\n" +
-        "Smith, Mary Ann, QA-9:0005, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, "
-        "12/31/2030, " +
-        attendance + ", 0, , 0\r\n";
+        EmployeeFile({"Doe, Jane, ASM-4711:180, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, "
+                      "12/31/2030",
+                      "Poe, Edgar, 1443, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030",
+                      "Smith, Mary Ann, QA-9:0005, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, "
+                      "12/31/2030"});
     return text;
 }
 
-constexpr int Employees = 3;
+constexpr int EmployeeCount = 3;
 
 // The employee file as it was, when the last input enrolled somebody.
 void ResetEmployees(Station& s)
 {
-    if (s.app->EmployeeCount == Employees && s.read("NAMES.TXT") == EmployeeFile())
+    if (s.app->EmployeeCount == EmployeeCount && s.read("NAMES.TXT") == Employees())
         return;
-    s.write("NAMES.TXT", EmployeeFile());
+    s.write("NAMES.TXT", Employees());
     ReadNamesFile(*s.app);
 }
 
 void StartStation(Station& s)
 {
-    s.write("NAMES.TXT", EmployeeFile());
+    s.write("NAMES.TXT", Employees());
     s.app->nameForm().Load();
     s.ui.advance(10000); // the title screen closes by itself
 }
@@ -56,9 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     using namespace zandolt;
     using namespace zandolt::fuzz;
-    static Station& s = TheStation();
-    static const bool started = (StartStation(s), true);
-    (void)started;
+    static Station& s = TheStation(StartStation);
     s.startRun();
     ResetEmployees(s);
     App& app = *s.app;
@@ -85,19 +77,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // Pieces of 1 to 40 bytes (0: all at once), each after a pause of 0 to 300 ms.
     const std::size_t piece = input.pick(41);
     const int pauseMs = input.pick(31) * 10;
-    std::string_view text = input.rest();
-    auto& reader = s.serial.line(app.ProximityComport);
-    while (!text.empty()) {
-        const std::size_t n = piece == 0 ? text.size() : std::min(piece, text.size());
-        reader.send(std::string(text.substr(0, n)));
-        text.remove_prefix(n);
-        s.ui.advance(pauseMs);
-    }
+    s.sendInPieces(app.ProximityComport, input.rest(), piece, pauseMs);
     s.ui.advance(500); // the silence that ends a card of the Casi-Rusco and RW-400 readers
     // A card that started a test: the employee walks away.
     if (app.rs232Form().loaded())
         app.rs232Form().CancelButton.userClick();
-    reader.clearRecords();
+    s.serial.line(app.ProximityComport).clearRecords();
     s.serial.line(app.ComboComport).clearRecords();
     return 0;
 }

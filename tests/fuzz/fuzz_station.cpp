@@ -1,7 +1,9 @@
 #include "fuzz_station.h"
 
+#include "data/names_file.h"
 #include "data/settings_file.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -90,11 +92,32 @@ void Station::startRun(const DateTime& now)
     ui.inputText.clear();
 }
 
-Station& TheStation()
+void Station::sendInPieces(int port, std::string_view text, std::size_t piece, int pauseMs)
+{
+    headless::LoopbackLine& line = serial.line(port);
+    while (!text.empty()) {
+        const std::size_t n = piece == 0 ? text.size() : std::min(piece, text.size());
+        line.send(std::string(text.substr(0, n)));
+        text.remove_prefix(n);
+        ui.advance(pauseMs);
+    }
+}
+
+Station& TheStation(void (*prepare)(Station&))
 {
     // Destroyed at exit, which removes the scratch directory.
     static Station station;
+    static const bool prepared = prepare != nullptr && (prepare(station), true);
+    (void)prepared;
     return station;
+}
+
+std::string EmployeeFile(std::initializer_list<std::string_view> rows, const std::string& attendance)
+{
+    std::string text = std::string(NamesHeaderLine1) + "\r\n" + NamesHeaderLine2 + "\r\n";
+    for (std::string_view row : rows)
+        text.append(row).append(", ").append(attendance).append(", 0, , 0\r\n");
+    return text;
 }
 
 void PropertyFailed(const std::string& what)

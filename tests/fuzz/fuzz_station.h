@@ -54,6 +54,9 @@ public:
     // The same moment for every input, so that an input found once gives the same run again; the
     // records of the last run dropped.
     void startRun(const DateTime& now = DateTime{2026, 6, 15, 10, 30, 0, 0});
+    // The text arriving at the far end of a port in pieces of `piece` bytes (0: all at once), each
+    // followed by a pause.
+    void sendInPieces(int port, std::string_view text, std::size_t piece, int pauseMs);
 
     headless::VirtualClock clock;
     AnsweringUi ui{clock};
@@ -66,8 +69,13 @@ public:
     std::unique_ptr<App> app;
 };
 
-// The station of the process, built at the first call.
-Station& TheStation();
+// The station of the process, built at the first call, which also runs `prepare` on it.
+Station& TheStation(void (*prepare)(Station&) = nullptr);
+
+// An employee file: the two header lines, then one line for each row, which gives the fields up to
+// the certification expiry; the attendance, an empty password and the update flag 0 follow.
+std::string EmployeeFile(std::initializer_list<std::string_view> rows,
+                         const std::string& attendance = std::string(AttendanceLength, 'A'));
 
 // Takes the input from the front: single bytes and numbers for a target's choices, then the rest.
 class InputCursor

@@ -22,20 +22,18 @@ std::string Attendance(std::string_view marks)
 
 void WriteEmployees(Station& s)
 {
-    const std::string line = std::string(NamesHeaderLine1) + "\r\n" + NamesHeaderLine2 + "\r\n";
-    const std::string rows[] = {
-        "Doe, Jane, ASM-4711, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2027, ",
-        "Poe, Edgar, QA-3, 000.75, 010.00, -1.00, -1.00, -1, 0, E, 01/05/2026, 01/05/2026, 1, 06/15/2026, ",
-        "Smith, Mary Ann, 12345, -1.00, -1.00, 000.75, 099.98, 0, -1, V, 06/10/2026, 06/20/2026, 2, 06/01/2026, ",
-        "Featherstonehaugh-Smythe, Bartholomew Alexander, ASM-123456789012345678:77, -1.00, -1.00, -1.00, -1.00, -1, "
-        "-1, S, 06/14/2026, 06/16/2026, 1, 01/01/2030, ",
-        "Mu\xC3\xB1oz, Jos\xC3\xA9, QA-77:900, -1.00, -1.00, -1.00, -1.00, -1, -1, T, 06/01/2026, 06/30/2026, 1, "
-        "12/31/2026, ",
-    };
-    std::string text = line;
-    for (const std::string& row : rows)
-        text += row + Attendance("SSTTVVAA*") + ", 0, , 0\r\n";
-    s.write("NAMES.TXT", text);
+    s.write("NAMES.TXT",
+            EmployeeFile({"Doe, Jane, ASM-4711, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, "
+                          "12/31/2027",
+                          "Poe, Edgar, QA-3, 000.75, 010.00, -1.00, -1.00, -1, 0, E, 01/05/2026, 01/05/2026, 1, "
+                          "06/15/2026",
+                          "Smith, Mary Ann, 12345, -1.00, -1.00, 000.75, 099.98, 0, -1, V, 06/10/2026, 06/20/2026, 2, "
+                          "06/01/2026",
+                          "Featherstonehaugh-Smythe, Bartholomew Alexander, ASM-123456789012345678:77, -1.00, -1.00, "
+                          "-1.00, -1.00, -1, -1, S, 06/14/2026, 06/16/2026, 1, 01/01/2030",
+                          "Mu\xC3\xB1oz, Jos\xC3\xA9, QA-77:900, -1.00, -1.00, -1.00, -1.00, -1, -1, T, 06/01/2026, "
+                          "06/30/2026, 1, 12/31/2026"},
+                         Attendance("SSTTVVAA*")));
     ReadNamesFile(*s.app);
     if (s.app->EmployeeCount != 5)
         PropertyFailed("the employee file of the reports does not read");
@@ -48,9 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     using namespace zandolt;
     using namespace zandolt::fuzz;
-    static Station& s = TheStation();
-    static const bool employees = (WriteEmployees(s), true);
-    (void)employees;
+    static Station& s = TheStation(WriteEmployees);
     s.startRun();
     App& app = *s.app;
 

@@ -21,19 +21,13 @@ void StartStation(Station& s)
     app.Simulation = 0;
     app.SecondsToRetest = 0; // the window waits for the next message for as long as it takes
     SaveIniFile(app);
-    const std::string attendance(AttendanceLength, 'A');
-    s.write("NAMES.TXT", std::string(NamesHeaderLine1) + "\r\n" + NamesHeaderLine2 + "\r\n" +
-                             "Doe, Jane, ASM-4711, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, "
-                             "1, 12/31/2030, " +
-                             attendance +
-                             ", 0, , 0\r\n"
-                             "Poe, Edgar, QA-3, 001.50, 005.00, -1.00, -1.00, -1, 0, E, 01/05/2026, 01/05/2026, 1, "
-                             "12/31/2030, " +
-                             attendance +
-                             ", 0, , 0\r\n"
-                             "Smith, Mary Ann, 12345, 0.00, 0.00, 0.00, 0.00, 0, -1, E, 01/05/2026, 01/05/2026, 1, "
-                             "12/31/2030, " +
-                             attendance + ", 0, , 0\r\n");
+    s.write("NAMES.TXT",
+            EmployeeFile({"Doe, Jane, ASM-4711, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, "
+                          "12/31/2030",
+                          "Poe, Edgar, QA-3, 001.50, 005.00, -1.00, -1.00, -1, 0, E, 01/05/2026, 01/05/2026, 1, "
+                          "12/31/2030",
+                          "Smith, Mary Ann, 12345, 0.00, 0.00, 0.00, 0.00, 0, -1, E, 01/05/2026, 01/05/2026, 1, "
+                          "12/31/2030"}));
     app.nameForm().Load();
     s.ui.advance(10000); // the title screen closes by itself
 }
@@ -60,9 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     using namespace zandolt;
     using namespace zandolt::fuzz;
-    static Station& s = TheStation();
-    static const bool started = (StartStation(s), true);
-    (void)started;
+    static Station& s = TheStation(StartStation);
     s.startRun();
     s.remove("LOG.TXT");
     InputCursor input(data, size);
@@ -70,17 +62,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // Pieces of 1 to 80 characters (0: the whole text at once), each after a pause of 0 to 2.5 s.
     const std::size_t piece = input.pick(81);
     const int pauseMs = input.pick(26) * 100;
-    std::string_view text = input.rest();
-    auto& tester = s.serial.line(s.app->ComboComport);
-    while (!text.empty()) {
-        const std::size_t n = piece == 0 ? text.size() : std::min(piece, text.size());
-        tester.send(std::string(text.substr(0, n)));
-        text.remove_prefix(n);
-        s.ui.advance(pauseMs);
-    }
+    s.sendInPieces(s.app->ComboComport, input.rest(), piece, pauseMs);
     // The receive window ends, the answer goes out, and the window waits for the next test.
     s.ui.advance(2500);
-    tester.clearRecords();
+    s.serial.line(s.app->ComboComport).clearRecords();
     if (!s.app->rs232Form().loaded())
         PropertyFailed("the test window closed");
     return 0;
