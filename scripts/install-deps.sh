@@ -10,8 +10,9 @@ packages=(
   xvfb xauth socat xdotool imagemagick fonts-dejavu-core
   cups-daemon cups-client cups-bsd poppler-utils
   python3-aiosmtpd openssl
+  python3 time
+  debootstrap
   clang-14 libclang-rt-14-dev
-  python3
 )
 
 missing=()

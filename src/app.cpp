@@ -18,6 +18,9 @@ App::~App()
     for (auto* slot : {&dispForm_, &helpForm_, &individualEmployeeSelectionForm_, &autoFrm_})
         if (*slot)
             (*slot)->discard();
+    for (auto* slot : {&logSortForm_, &namesForm_})
+        if (*slot)
+            (*slot)->discard();
 }
 
 } // namespace zandolt

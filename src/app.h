@@ -36,6 +36,8 @@ class DispForm;
 class HelpForm;
 class IndividualEmployeeSelectionForm;
 class AutoFrm;
+class LogSortForm;
+class NamesForm;
 
 class App : public Settings, public EmployeeTable, public TestRecord, public TesterLinkState, public ReportParameters
 {
@@ -94,6 +96,8 @@ public:
     HelpForm& helpForm();
     IndividualEmployeeSelectionForm& individualEmployeeSelectionForm();
     AutoFrm& autoFrm();
+    LogSortForm& logSortForm();
+    NamesForm& namesForm();
 
     // True when the window exists and is loaded, without creating it.
     bool isLoaded(const Form* form) const { return form && form->loaded(); }
@@ -122,6 +126,8 @@ private:
     std::unique_ptr<Form> helpForm_;
     std::unique_ptr<Form> individualEmployeeSelectionForm_;
     std::unique_ptr<Form> autoFrm_;
+    std::unique_ptr<Form> logSortForm_;
+    std::unique_ptr<Form> namesForm_;
 };
 
 } // namespace zandolt

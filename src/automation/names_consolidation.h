@@ -15,4 +15,11 @@ void SendNamesToStations(App& app);
 // Sorts the employee file by name after asking, dropping duplicate names and IDs.
 void SortNamesFile(App& app);
 
+// The main menu's entries, each behind the administrator's password: the consolidation, waited
+// for and followed by a read of the employee file; the distribution after a Yes; the sort followed
+// by a read of the employee file.
+void GetNamesMenu(App& app);
+void SendNamesMenu(App& app);
+void SortNamesMenu(App& app);
+
 } // namespace zandolt

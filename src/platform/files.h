@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zandolt {
@@ -31,6 +32,17 @@ public:
     // Up to size bytes into buffer: how many were read, 0 at the end of the file, -1 when the read
     // failed.
     virtual std::int64_t read(char* buffer, std::size_t size) = 0;
+};
+
+// A new content for a file, written in pieces beside it, that takes the old one's place at commit.
+// Dropped without a commit, it leaves the old file as it was.
+class FileWriter
+{
+public:
+    virtual ~FileWriter() = default;
+    // Adds to the new content. A failed write makes the commit fail.
+    virtual void write(std::string_view data) = 0;
+    virtual FileResult commit() = 0;
 };
 
 class Files
@@ -62,9 +74,14 @@ public:
     // the file keeps its permissions and, where the process may set it, its owner. Where no file
     // can be created beside it, the file is rewritten in place instead.
     virtual FileResult replace(const std::string& path, const std::string& data) = 0;
+    // The same replacement for a content too large to be held whole, written in pieces.
+    virtual FileResult openReplace(const std::string& path, std::unique_ptr<FileWriter>& writer) = 0;
 
     virtual std::vector<DirEntry> list(const std::string& directory) = 0;
-    virtual bool copy(const std::string& from, const std::string& to) = 0; // keeps the modification time
+    // Copies in pieces to a file beside the target that is then renamed over it, so that the target
+    // is the old file or the whole copy, never a part of it. The copy keeps the source's
+    // modification time.
+    virtual bool copy(const std::string& from, const std::string& to) = 0;
     virtual bool rename(const std::string& from, const std::string& to) = 0;
     virtual bool remove(const std::string& path) = 0;
     virtual bool makeDirectory(const std::string& path) = 0;

@@ -22,6 +22,11 @@ LogStream::LogStream(Files& files, const std::string& path) : opened_(files.open
     buffer_.resize(PieceSize);
 }
 
+LogStream::LogStream(std::unique_ptr<FileReader> reader) : reader_(std::move(reader)), opened_(FileResult::Ok)
+{
+    buffer_.resize(PieceSize);
+}
+
 void LogStream::fill()
 {
     if (pos_ > 0) {

@@ -20,6 +20,8 @@ class LogStream
 public:
     // Opens the file; opened() tells how that went.
     LogStream(Files& files, const std::string& path);
+    // Reads what a reader hands out, which may stand between the file and the stream.
+    explicit LogStream(std::unique_ptr<FileReader> reader);
 
     FileResult opened() const { return opened_; }
     // Nothing is left to read: the end of the file, or a read that failed, which failed() tells.

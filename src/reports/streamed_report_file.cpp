@@ -2,47 +2,35 @@
 
 #include "platform/files.h"
 
-#include <cstdint>
-
 namespace zandolt {
 
-StreamedReportFile::StreamedReportFile(Files& files, const std::string& path)
-    : files_(files), path_(files.resolve(path))
+StreamedReportFile::StreamedReportFile(Files& files, const std::string& path) : files_(files), path_(path)
 {
-    // A name of its own beside the report, hidden, so that two runs at once do not share one.
-    const size_t slash = path_.find_last_of('/');
-    const auto unique = reinterpret_cast<std::uintptr_t>(this) ^ static_cast<std::uintptr_t>(path_.size());
-    partPath_ = path_.substr(0, slash + 1) + "." + path_.substr(slash + 1) + "." + std::to_string(unique) + ".part";
     text_.reserve(PieceSize + 4096);
 }
 
-StreamedReportFile::~StreamedReportFile()
-{
-    if (opened_ && !finished_)
-        files_.remove(partPath_);
-}
+StreamedReportFile::~StreamedReportFile() = default;
 
 bool StreamedReportFile::open()
 {
-    files_.remove(partPath_); // left over from a run that ended without its clean-up
-    opened_ = files_.append(partPath_, "") == FileResult::Ok;
-    return opened_;
+    return files_.openReplace(path_, writer_) == FileResult::Ok;
 }
 
 void StreamedReportFile::flush()
 {
-    if (!failed_ && !text_.empty() && files_.append(partPath_, text_) != FileResult::Ok)
-        failed_ = true;
+    if (writer_ && !text_.empty())
+        writer_->write(text_);
     text_.clear();
 }
 
 bool StreamedReportFile::finish()
 {
-    if (!finished_ && opened_) {
+    if (writer_) {
         flush();
-        finished_ = files_.rename(partPath_, path_);
+        placed_ = writer_->commit() == FileResult::Ok;
+        writer_.reset();
     }
-    return finished_ && !failed_;
+    return placed_;
 }
 
 } // namespace zandolt

@@ -12,6 +12,8 @@
 #include "admin/unknown_form.h"
 #include "app.h"
 #include "automation/auto_frm.h"
+#include "automation/log_merge.h"
+#include "automation/names_consolidation.h"
 #include "reports/help_menu.h"
 #include "reports/log_menu.h"
 #include "reports/report_frame.h"
@@ -23,10 +25,9 @@ namespace zandolt {
 void NameForm::wireMenus()
 {
     for (MenuItem* m :
-         {&mnuPrintReport,   &mnuDisplayReport, &mnuViewLog,     &mnuDaily,        &mnuIndividualLog, &mnuExceptions,
-          &mnuExceptions2,   &mnuCertification, &mnuAttendance,  &mnuVacation,     &mnuAutoGen,       &mnuRunLogSort,
-          &mnuSortNamesFile, &mnuGetNames,      &mnuSendNames,   &mnuResetLog,     &mnuUnknownID,     &mnuCertExp,
-          &mnuSimpleHelp,    &mnuUserManual,    &mnuNetworkHelp, &mnuCheckUpdates, &mnuNewProducts})
+         {&mnuPrintReport, &mnuDisplayReport, &mnuViewLog, &mnuDaily, &mnuIndividualLog, &mnuExceptions,
+          &mnuExceptions2, &mnuCertification, &mnuAttendance, &mnuVacation, &mnuAutoGen, &mnuResetLog, &mnuUnknownID,
+          &mnuCertExp, &mnuSimpleHelp, &mnuUserManual, &mnuNetworkHelp, &mnuCheckUpdates, &mnuNewProducts})
         m->setEnabled(false);
 
     mnuMinimizw.Click = [this] {
@@ -78,6 +79,12 @@ void NameForm::wireMenus()
         if (CheckPassWord(app_))
             ResetSickTime(app_);
     };
+
+    // The site server's jobs: the log merge and the names of all stations.
+    mnuRunLogSort.Click = [this] { RunLogSortMenu(app_); };
+    mnuGetNames.Click = [this] { GetNamesMenu(app_); };
+    mnuSendNames.Click = [this] { SendNamesMenu(app_); };
+    mnuSortNamesFile.Click = [this] { SortNamesMenu(app_); };
 
     wireReportMenus();
 }

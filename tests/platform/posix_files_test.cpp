@@ -109,6 +109,42 @@ TEST_F(PosixFilesTest, ReplaceSwapsTheWholeFileAndLeavesNoTemporary)
     EXPECT_EQ(files.list(dir.path()).size(), 1u);
 }
 
+TEST_F(PosixFilesTest, AReplacementInPiecesTakesThePlaceAtItsCommitOrLeavesTheOldFileWhenDropped)
+{
+    testing::WriteTextFile(at("DAILY.TXT"), "old");
+    std::unique_ptr<FileWriter> writer;
+    ASSERT_EQ(files.openReplace("daily.txt", writer), FileResult::Ok);
+    writer->write("one ");
+    writer->write("two");
+    EXPECT_EQ(testing::ReadTextFile(at("DAILY.TXT")), "old");
+    writer.reset();
+    EXPECT_EQ(testing::ReadTextFile(at("DAILY.TXT")), "old");
+    EXPECT_EQ(files.list(dir.path()).size(), 1u);
+
+    ASSERT_EQ(files.openReplace("daily.txt", writer), FileResult::Ok);
+    writer->write("one ");
+    writer->write("two");
+    EXPECT_EQ(writer->commit(), FileResult::Ok);
+    EXPECT_EQ(testing::ReadTextFile(at("DAILY.TXT")), "one two");
+    EXPECT_EQ(files.list(dir.path()).size(), 1u);
+}
+
+TEST_F(PosixFilesTest, ASaveClearsWhatKilledWritersLeftBesideTheFileButNotALiveWritersFile)
+{
+    // A writer holds its new file under a lock while it lives; the killed one's lock died with it.
+    testing::WriteTextFile(at("NAMES.TXT"), "old");
+    testing::WriteTextFile(at(".NAMES.TXT.new.4242.1"), "half of a save");
+    testing::WriteTextFile(at(".NAMES.TXT.new.4243.1"), "a save under way");
+    testing::WriteTextFile(at(".ZANDOLT.INI.new.4244.1"), "another file's");
+    system::ExclusiveHold live(at(".NAMES.TXT.new.4243.1"));
+    ASSERT_TRUE(live.held());
+    EXPECT_EQ(files.replace("NAMES.TXT", "new"), FileResult::Ok);
+    EXPECT_EQ(testing::ReadTextFile(at("NAMES.TXT")), "new");
+    EXPECT_FALSE(testing::FileExists(at(".NAMES.TXT.new.4242.1")));
+    EXPECT_TRUE(testing::FileExists(at(".NAMES.TXT.new.4243.1")));
+    EXPECT_TRUE(testing::FileExists(at(".ZANDOLT.INI.new.4244.1")));
+}
+
 TEST_F(PosixFilesTest, ALinkedFileIsReplacedBehindItsLinkWithItsPermissions)
 {
     namespace fs = std::filesystem;

@@ -1,6 +1,6 @@
 // log_append_worker DIR WORKER LINES: one station appending LINES test lines to DIR/LOG.TXT through
 // the station's own log writer, as the stations sharing one log do. Line n of worker k is the test
-// of "Station k" with the ID "Wk-n" (n from 0, five digits). Exits 0 when every line went in, 1
+// of "Station, k" with the ID "Wk-n" (n from 0, five digits). Exits 0 when every line went in, 1
 // when the writer gave up on some (it shows its message for each), 2 on bad arguments.
 #include "app.h"
 #include "platform/headless/headless_backend.h"
@@ -31,7 +31,7 @@ int main(int argc, char** argv)
     app.LogPath = dir + "/LOG.TXT";
     app.EmployeeCount = 1;
     app.CurrentEmployee = 0;
-    app.FullName[0] = "Station " + std::to_string(worker);
+    app.FullName[0] = "Station, " + std::to_string(worker);
     app.ComFailFlag = zandolt::False;
     app.WristCode = "Wok";
     app.LeftCode = "Lok";

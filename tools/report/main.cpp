@@ -10,6 +10,7 @@
 #include "platform/system/system_programs.h"
 #include "report_command.h"
 #include "schedule_command.h"
+#include "site_commands.h"
 
 #include <filesystem>
 #include <iostream>
@@ -31,10 +32,12 @@ int main(int argc, char** argv)
 {
     if (argc > 1 && std::string(argv[1]) == "schedule")
         return ScheduleMain(std::vector<std::string>(argv + 2, argv + argc));
+    if (argc > 1 && IsSiteCommand(argv[1]))
+        return RunSiteCommand(std::vector<std::string>(argv + 1, argv + argc), std::cout, std::cerr, std::cin);
     const ParsedArguments parsed = ParseReportArguments(std::vector<std::string>(argv + 1, argv + argc));
     const ReportRequest& request = parsed.request;
     if (request.help) {
-        std::cout << ReportUsage();
+        std::cout << ReportUsage() << '\n' << SiteUsage() << '\n' << ScheduleUsage();
         return ReportDone;
     }
     if (!parsed.error.empty())

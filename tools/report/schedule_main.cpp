@@ -84,7 +84,9 @@ int ScheduleMain(const std::vector<std::string>& args)
     ui.runner = &app.autoFrm();
     std::signal(SIGTERM, onStopSignal);
     std::signal(SIGINT, onStopSignal);
-    return RunSchedule(app, request, virtualClock.get(), std::cout, stopSignalled, [&ui] { ui.doEvents(); });
+    // Between two ticks a second passes for the console's timers too: a window that the runner left
+    // to its timers (the names consolidation) works in step with the schedule.
+    return RunSchedule(app, request, virtualClock.get(), std::cout, stopSignalled, [&ui] { ui.advance(1000); });
 }
 
 } // namespace zandolt

@@ -66,6 +66,9 @@ std::vector<Shot> AllShots()
         {"directories", ShootDirForm},
         {"report-schedule-editing", ShootAutoFrmEditing},
         {"report-schedule-running", ShootAutoFrmRunning},
+        // Last: they leave a merged log and gathered names in the program directory.
+        {"log-merge", ShootLogSortForm},
+        {"names-consolidation", ShootNamesForm},
     };
 }
 

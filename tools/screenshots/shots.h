@@ -81,4 +81,7 @@ bool ShootDirForm(ShotContext& ctx, const QString& file);
 bool ShootAutoFrmEditing(ShotContext& ctx, const QString& file);
 bool ShootAutoFrmRunning(ShotContext& ctx, const QString& file);
 
+bool ShootLogSortForm(ShotContext& ctx, const QString& file);
+bool ShootNamesForm(ShotContext& ctx, const QString& file);
+
 } // namespace zandolt::screenshots

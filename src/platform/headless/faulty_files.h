@@ -106,6 +106,11 @@ public:
         ++replaceAttempts_;
         return replaces_.take() ? replaces_.how : real_.replace(p, data);
     }
+    FileResult openReplace(const std::string& p, std::unique_ptr<FileWriter>& writer) override
+    {
+        ++replaceAttempts_;
+        return replaces_.take() ? replaces_.how : real_.openReplace(p, writer);
+    }
     std::vector<DirEntry> list(const std::string& d) override { return real_.list(d); }
     bool copy(const std::string& a, const std::string& b) override { return real_.copy(a, b); }
     bool rename(const std::string& a, const std::string& b) override { return real_.rename(a, b); }

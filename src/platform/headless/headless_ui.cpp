@@ -14,14 +14,12 @@ void HeadlessUi::formLoaded(Form& form)
     zOrder_.insert(zOrder_.begin(), &form);
     for (Control* c : form.controls())
         if (c->kind() == ControlKind::Timer)
-            schedule(*c);
+            timers_.schedule(*c, now());
 }
 
 void HeadlessUi::formUnloaded(Form& form)
 {
-    // The controls may already be gone (the program is ending), so only pointers are compared.
-    for (auto it = timers_.begin(); it != timers_.end();)
-        it = it->second.form == &form ? timers_.erase(it) : std::next(it);
+    timers_.forget(form);
     zOrder_.erase(std::remove(zOrder_.begin(), zOrder_.end(), &form), zOrder_.end());
     if (focus_ && &focus_->form() == &form)
         focus_ = nullptr;
@@ -49,11 +47,11 @@ void HeadlessUi::formShown(Form& form, bool modal)
             deliverPosted();
             continue;
         }
-        Control* t = nextTimer(std::numeric_limits<std::int64_t>::max());
+        Control* t = timers_.next(std::numeric_limits<std::int64_t>::max());
         if (!t)
             throw UnscriptedQuestion("The modal window " + describe(form) +
                                      " waits for an answer that no script gives");
-        if (timers_[t].due - start > modalLimitMs_)
+        if (timers_.dueAt(*t) - start > modalLimitMs_)
             throw UnscriptedQuestion("The modal window " + describe(form) + " is still open after " +
                                      std::to_string(modalLimitMs_ / 1000) + " s of virtual time");
         fire(t);
@@ -76,7 +74,7 @@ void HeadlessUi::formZOrder(Form& form, int position)
 void HeadlessUi::controlChanged(Control& control, Prop prop)
 {
     if (control.kind() == ControlKind::Timer && (prop == Prop::Interval || prop == Prop::Enabled))
-        schedule(control);
+        timers_.schedule(control, now());
 }
 
 void HeadlessUi::menuChanged(MenuItem&) {}
@@ -177,51 +175,16 @@ void HeadlessUi::clearRecords()
 
 // ---- time ------------------------------------------------------------------------------------------------
 
-void HeadlessUi::schedule(Control& timer)
-{
-    Form& form = timer.form();
-    if (!form.loaded() || !timer.enabled() || timer.interval() <= 0) {
-        timers_.erase(&timer);
-        return;
-    }
-    TimerEntry& e = timers_[&timer];
-    e.form = &form;
-    e.due = now() + timer.interval();
-    e.seq = ++seq_;
-}
-
 std::int64_t HeadlessUi::timerDueIn(const Control& timer) const
 {
-    auto it = timers_.find(const_cast<Control*>(&timer));
-    return it == timers_.end() ? -1 : it->second.due - now();
-}
-
-Control* HeadlessUi::nextTimer(std::int64_t notAfter) const
-{
-    Control* best = nullptr;
-    const TimerEntry* b = nullptr;
-    for (const auto& [control, e] : timers_) {
-        if (e.firing || e.due > notAfter)
-            continue;
-        if (!b || e.due < b->due || (e.due == b->due && e.seq < b->seq)) {
-            best = control;
-            b = &e;
-        }
-    }
-    return best;
+    const std::int64_t due = timers_.dueAt(timer);
+    return due < 0 ? -1 : due - now();
 }
 
 void HeadlessUi::fire(Control* timer)
 {
-    TimerEntry& e = timers_[timer];
-    clock_.advanceTo(e.due);
-    e.due = std::max(e.due, now()) + timer->interval();
-    e.seq = ++seq_;
-    e.firing = true;
-    timer->fireTimer();
-    auto it = timers_.find(timer);
-    if (it != timers_.end())
-        it->second.firing = false;
+    clock_.advanceTo(timers_.dueAt(*timer));
+    timers_.fire(*timer, now());
 }
 
 void HeadlessUi::post(std::function<void()> event)
@@ -242,7 +205,7 @@ void HeadlessUi::deliverPosted()
 void HeadlessUi::doEvents()
 {
     deliverPosted();
-    while (Control* t = nextTimer(now()))
+    while (Control* t = timers_.next(now()))
         fire(t);
     clock_.advanceTo(now() + 1);
 }
@@ -252,7 +215,7 @@ void HeadlessUi::advance(std::int64_t ms)
     const std::int64_t target = now() + ms;
     for (;;) {
         deliverPosted();
-        Control* t = nextTimer(target);
+        Control* t = timers_.next(target);
         if (!t)
             break;
         fire(t);
@@ -270,7 +233,7 @@ bool HeadlessUi::runUntil(const std::function<bool()>& done, std::int64_t maxMs)
             return true;
         if (now() >= deadline)
             return false;
-        if (Control* t = nextTimer(deadline))
+        if (Control* t = timers_.next(deadline))
             fire(t);
         else
             clock_.advanceTo(deadline);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "platform/headless/virtual_clock.h"
+#include "platform/timer_queue.h"
 #include "platform/ui.h"
 
 #include <cstdint>
@@ -99,30 +100,19 @@ public:
     // Loaded windows from the back to the front.
     const std::vector<Form*>& zOrder() const { return zOrder_; }
     Form* frontForm() const { return zOrder_.empty() ? nullptr : zOrder_.back(); }
-    bool timerRunning(const Control& timer) const { return timers_.count(const_cast<Control*>(&timer)) != 0; }
+    bool timerRunning(const Control& timer) const { return timers_.running(timer); }
     // Milliseconds until the timer fires next; -1 when it does not run.
     std::int64_t timerDueIn(const Control& timer) const;
     void clearRecords();
 
 private:
-    struct TimerEntry
-    {
-        Form* form = nullptr;
-        std::int64_t due = 0;
-        std::uint64_t seq = 0;
-        bool firing = false;
-    };
-
-    void schedule(Control& timer);
     void deliverPosted();
-    // The timer due first among those not running their handler, or null.
-    Control* nextTimer(std::int64_t notAfter) const;
+    // Moves the clock to the timer's time and runs its handler.
     void fire(Control* timer);
     std::string describe(const Form& form) const;
 
     VirtualClock& clock_;
-    std::map<Control*, TimerEntry> timers_;
-    std::uint64_t seq_ = 0;
+    TimerQueue timers_;
     std::deque<std::function<void()>> posted_;
     std::map<std::string, std::deque<std::function<void(Form&)>>> modalScripts_;
     std::vector<std::pair<std::string, int>> msgAnswers_;

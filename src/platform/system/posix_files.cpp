@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 namespace zandolt::system {
 
@@ -143,7 +144,7 @@ int PosixFiles::createFile(const std::string& path, int flags, unsigned mode)
     return ::open(path.c_str(), flags, static_cast<mode_t>(mode));
 }
 
-bool PosixFiles::writeAll(int fd, const std::string& data)
+bool PosixFiles::writeAll(int fd, std::string_view data)
 {
     size_t done = 0;
     while (done < data.size()) {
@@ -284,49 +285,177 @@ FileResult PosixFiles::append(const std::string& path, const std::string& data)
     return FileResult::Failed;
 }
 
-FileResult PosixFiles::replace(const std::string& path, const std::string& data)
+// A replacement under way: the old file held under its lock, the new content going into a file of
+// its own beside it, or, where none can be created there, into the old file itself.
+class PosixFiles::Replacement : public FileWriter
 {
-    // A link into a shared folder stays a link: the file it names is the one replaced.
-    const std::string target = followLinks(resolve(path));
-    // Hold the old file while the new one takes its place, so that readers wait rather than read
-    // a file in the middle of its replacement.
-    Fd old(::open(target.c_str(), O_RDWR | O_CLOEXEC));
-    struct stat st = {};
-    if (old.fd >= 0) {
-        if (!lock(old.fd, true))
-            return FileResult::Busy;
-        if (::fstat(old.fd, &st) != 0)
-            return FileResult::Failed;
-    } else if (errno != ENOENT) {
-        return FileResult::Failed;
+public:
+    Replacement(PosixFiles& files, std::string target) : files_(files), target_(std::move(target)) {}
+    ~Replacement() override
+    {
+        if (!temp_.empty())
+            ::unlink(temp_.c_str());
+        for (int fd : {out_, old_})
+            if (fd >= 0)
+                ::close(fd);
     }
-    static unsigned counter = 0;
-    const size_t slash = target.find_last_of('/');
-    const std::string temp = target.substr(0, slash + 1) + "." + target.substr(slash + 1) + ".new." +
-                             std::to_string(::getpid()) + "." + std::to_string(++counter);
-    Fd out(createFile(temp, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, old.fd >= 0 ? st.st_mode & 07777 : 0666));
-    if (out.fd < 0) {
-        if (old.fd < 0)
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+
+    FileResult open()
+    {
+        // Hold the old file while the new one takes its place, so that readers wait rather than
+        // read a file in the middle of its replacement and a second writer waits for the first.
+        old_ = ::open(target_.c_str(), O_RDWR | O_CLOEXEC);
+        if (old_ >= 0) {
+            if (!files_.lock(old_, true))
+                return FileResult::Busy;
+            if (::fstat(old_, &st_) != 0)
+                return FileResult::Failed;
+        } else if (errno != ENOENT) {
+            return FileResult::Failed;
+        }
+        removeAbandoned();
+        if (createTemp())
+            return FileResult::Ok;
+        if (old_ < 0)
             return errno == ENOENT ? FileResult::NotFound : FileResult::Failed;
         // A share may let a user write the file but not create one beside it: the file is then
         // rewritten where it stands, under the lock already held.
-        if (::ftruncate(old.fd, 0) != 0 || !writeAll(old.fd, data) || ::fsync(old.fd) != 0)
+        if (::ftruncate(old_, 0) != 0)
             return FileResult::Failed;
+        out_ = old_;
+        old_ = -1;
         return FileResult::Ok;
     }
-    if (old.fd >= 0) {
-        // The owner first, as a change of owner may clear the set-id bits of the mode; a process
-        // that may not give the file away keeps it as its own.
-        if (::fchown(out.fd, st.st_uid, st.st_gid) != 0 && ::fchown(out.fd, static_cast<uid_t>(-1), st.st_gid) != 0) {
-            // Neither may be given away: the new file stays the process's own.
+
+    void write(std::string_view data) override
+    {
+        if (!failed_ && !files_.writeAll(out_, data))
+            failed_ = true;
+    }
+
+    // The new file takes these access and modification times, as a copy keeps its source's.
+    void keepTimes(const struct timespec& accessed, const struct timespec& modified)
+    {
+        times_[0] = accessed;
+        times_[1] = modified;
+        keepTimes_ = true;
+    }
+
+    FileResult commit() override
+    {
+        if (failed_ || ::fsync(out_) != 0 || (keepTimes_ && ::futimens(out_, times_) != 0))
+            return FileResult::Failed;
+        if (temp_.empty())
+            return FileResult::Ok;
+        if (old_ >= 0) {
+            // The owner first, as a change of owner may clear the set-id bits of the mode; a
+            // process that may not give the file away keeps it as its own.
+            if (::fchown(out_, st_.st_uid, st_.st_gid) != 0 &&
+                ::fchown(out_, static_cast<uid_t>(-1), st_.st_gid) != 0) {
+                // Neither may be given away: the new file stays the process's own.
+            }
+            ::fchmod(out_, st_.st_mode & 07777);
         }
-        ::fchmod(out.fd, st.st_mode & 07777);
+        if (::rename(temp_.c_str(), target_.c_str()) != 0)
+            return FileResult::Failed;
+        temp_.clear();
+        return FileResult::Ok;
     }
-    if (!writeAll(out.fd, data) || ::fsync(out.fd) != 0 || ::rename(temp.c_str(), target.c_str()) != 0) {
-        ::unlink(temp.c_str());
-        return FileResult::Failed;
+
+private:
+    std::string tempPrefix() const
+    {
+        const size_t slash = target_.find_last_of('/');
+        return target_.substr(0, slash + 1) + "." + target_.substr(slash + 1) + ".new.";
     }
-    return FileResult::Ok;
+
+    // A writer holds its file beside the target under a lock for as long as it lives, so a file
+    // there that can be locked was left by a writer that was killed or lost its machine.
+    void removeAbandoned()
+    {
+        const std::string prefix = tempPrefix();
+        const size_t slash = prefix.find_last_of('/');
+        const std::string start = prefix.substr(slash + 1);
+        for (const DirEntry& e : files_.list(prefix.substr(0, slash))) {
+            if (e.isDirectory || e.name.compare(0, start.size(), start) != 0)
+                continue;
+            const std::string path = prefix.substr(0, slash + 1) + e.name;
+            Fd f(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+            if (f.fd >= 0 && tryLock(f.fd) && sameFile(f.fd, path))
+                ::unlink(path.c_str());
+        }
+    }
+
+    // A new file of the replacement's own beside the target, under its lock; false with errno set
+    // when none can be created there.
+    bool createTemp()
+    {
+        static unsigned counter = 0;
+        const std::string prefix = tempPrefix();
+        const mode_t mode = old_ >= 0 ? st_.st_mode & 07777 : 0666;
+        for (int tries = 0; tries < 100; ++tries) {
+            const std::string name = prefix + std::to_string(::getpid()) + "." + std::to_string(++counter);
+            const int fd = files_.createFile(name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+            if (fd < 0) {
+                if (errno == EEXIST)
+                    continue; // another machine's writer with the same process number
+                return false;
+            }
+            // Another writer clearing abandoned files may have taken it between the creation and
+            // the lock: then it is gone, and another name is tried.
+            if (tryLock(fd) && sameFile(fd, name)) {
+                out_ = fd;
+                temp_ = name;
+                return true;
+            }
+            ::close(fd);
+        }
+        errno = EEXIST;
+        return false;
+    }
+
+    static bool tryLock(int fd)
+    {
+        struct flock fl = {};
+        fl.l_type = F_WRLCK;
+        fl.l_whence = SEEK_SET;
+        return ::fcntl(fd, F_OFD_SETLK, &fl) == 0;
+    }
+
+    static bool sameFile(int fd, const std::string& path)
+    {
+        struct stat a, b;
+        return ::fstat(fd, &a) == 0 && ::lstat(path.c_str(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+    }
+
+    PosixFiles& files_;
+    std::string target_, temp_;
+    int old_ = -1, out_ = -1;
+    struct stat st_ = {};
+    struct timespec times_[2] = {};
+    bool failed_ = false, keepTimes_ = false;
+};
+
+FileResult PosixFiles::openReplace(const std::string& path, std::unique_ptr<FileWriter>& writer)
+{
+    // A link into a shared folder stays a link: the file it names is the one replaced.
+    auto replacement = std::make_unique<Replacement>(*this, followLinks(resolve(path)));
+    const FileResult result = replacement->open();
+    if (result == FileResult::Ok)
+        writer = std::move(replacement);
+    return result;
+}
+
+FileResult PosixFiles::replace(const std::string& path, const std::string& data)
+{
+    std::unique_ptr<FileWriter> writer;
+    const FileResult opened = openReplace(path, writer);
+    if (opened != FileResult::Ok)
+        return opened;
+    writer->write(data);
+    return writer->commit();
 }
 
 std::vector<DirEntry> PosixFiles::list(const std::string& directory)
@@ -353,21 +482,29 @@ std::vector<DirEntry> PosixFiles::list(const std::string& directory)
 
 bool PosixFiles::copy(const std::string& from, const std::string& to)
 {
-    std::string src = resolve(from);
-    std::string data;
-    if (readAll(src, data) != FileResult::Ok)
+    std::unique_ptr<FileReader> in;
+    if (openRead(from, in) != FileResult::Ok)
         return false;
-    std::string dst = resolve(to);
-    {
-        Fd out(::open(dst.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-        if (out.fd < 0 || !writeAll(out.fd, data))
+    struct stat src;
+    if (::stat(resolve(from).c_str(), &src) != 0 || S_ISDIR(src.st_mode))
+        return false;
+    // The copy is a replacement of its target like any other, so that nobody ever finds half of
+    // it, not even after the process was killed.
+    Replacement out(*this, followLinks(resolve(to)));
+    if (out.open() != FileResult::Ok)
+        return false;
+    // Large pieces, whatever the size of the file: a log of years is copied with little memory.
+    std::vector<char> piece(1 << 20);
+    for (;;) {
+        const std::int64_t n = in->read(piece.data(), piece.size());
+        if (n < 0)
             return false;
+        if (n == 0)
+            break;
+        out.write(std::string_view(piece.data(), static_cast<size_t>(n)));
     }
-    struct stat st;
-    if (::stat(src.c_str(), &st) != 0)
-        return false;
-    struct timespec times[2] = {st.st_atim, st.st_mtim};
-    return ::utimensat(AT_FDCWD, dst.c_str(), times, 0) == 0;
+    out.keepTimes(src.st_atim, src.st_mtim);
+    return out.commit() == FileResult::Ok;
 }
 
 bool PosixFiles::rename(const std::string& from, const std::string& to)

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace zandolt::system {
 
@@ -29,6 +30,7 @@ public:
     FileResult openRead(const std::string& path, std::unique_ptr<FileReader>& reader) override;
     FileResult append(const std::string& path, const std::string& data) override;
     FileResult replace(const std::string& path, const std::string& data) override;
+    FileResult openReplace(const std::string& path, std::unique_ptr<FileWriter>& writer) override;
     std::vector<DirEntry> list(const std::string& directory) override;
     bool copy(const std::string& from, const std::string& to) override;
     bool rename(const std::string& from, const std::string& to) override;
@@ -44,7 +46,8 @@ protected:
     virtual int createFile(const std::string& path, int flags, unsigned mode);
 
 private:
-    bool writeAll(int fd, const std::string& data);
+    class Replacement;
+    bool writeAll(int fd, std::string_view data);
     // Backslashes become slashes and a relative path is taken from the current directory.
     std::string native(const std::string& path);
     bool lock(int fd, bool exclusive);
