@@ -2,11 +2,14 @@
 // the size the input's first byte asks for (0: all at once). Each reader must give the records that
 // the plain rule it stands for gives over the whole text.
 #include "field_rule.h"
-#include "memory_files.h"
+#include "fuzz_station.h"
 #include "reports/log_scan.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,6 +17,25 @@ namespace zandolt::fuzz {
 namespace {
 
 using Records = std::vector<std::string>;
+
+// The file's bytes handed out at most `piece` at a time, as a read of a network share or of a file
+// being appended to may hand them out.
+class PieceReader : public FileReader
+{
+public:
+    PieceReader(std::string_view text, std::size_t piece) : text_(text), piece_(piece) {}
+    std::int64_t read(char* buffer, std::size_t size) override
+    {
+        const std::size_t n = std::min({size, piece_, text_.size()});
+        std::memcpy(buffer, text_.data(), n);
+        text_.remove_prefix(n);
+        return static_cast<std::int64_t>(n);
+    }
+
+private:
+    std::string_view text_;
+    std::size_t piece_;
+};
 
 // A read as one text: its outcome, and for a record its fields each behind a '|'.
 std::string Note(LogRead read, std::initializer_list<std::string_view> fields)
@@ -129,9 +151,9 @@ Records ByLineRule(std::string_view text)
     return out;
 }
 
-template <typename Read> Records ReadAll(Files& file, Read read)
+template <typename Read> Records ReadAll(std::string_view text, std::size_t piece, Read read)
 {
-    LogStream log(file, "LOG.TXT");
+    LogStream log(std::make_unique<PieceReader>(text, piece));
     LogRecord r;
     Records out;
     for (;;) {
@@ -162,12 +184,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     using namespace zandolt;
     using namespace zandolt::fuzz;
-    static MemoryFile file;
     InputCursor input(data, size);
     const std::size_t piece = input.byte();
-    file.text = input.rest();
-    file.piece = piece == 0 ? file.text.size() + 1 : piece;
-    Compare(ReadAll(file, ReadLogRecordByFields), ByFieldsRule(file.text), "comma-separated reader");
-    Compare(ReadAll(file, ReadLogRecordByLine), ByLineRule(file.text), "line reader");
+    const std::string_view text = input.rest();
+    const std::size_t pieces = piece == 0 ? text.size() + 1 : piece;
+    Compare(ReadAll(text, pieces, ReadLogRecordByFields), ByFieldsRule(text), "comma-separated reader");
+    Compare(ReadAll(text, pieces, ReadLogRecordByLine), ByLineRule(text), "line reader");
     return 0;
 }
