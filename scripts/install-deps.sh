@@ -12,6 +12,7 @@ packages=(
   python3-aiosmtpd openssl
   python3 time
   debootstrap
+  clang-14 libclang-rt-14-dev
 )
 
 missing=()

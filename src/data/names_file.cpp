@@ -149,14 +149,14 @@ std::string FormatNameLine(const EmployeeTable& t, int row)
     line.append(t.LastName[r]).append(", ").append(t.FirstName[r]).append(", ");
     appendPadded(line, 21);
 
-    // The badge is written when the reader's split would not give it back. The comparison keeps
-    // the hyphen while the split drops it, so ID 123-456 with badge 456 is written 123-456:456.
+    // The badge is written unless the ID alone gives it back, as an ID without a hyphen is its own
+    // badge. Behind a hyphen it is always written, so ID 123-456 with badge 456 is written
+    // 123-456:456: the split drops the hyphen, and a badge -456 would come back as 456. An empty ID
+    // takes its colon too, as an empty field would end the line where it is read back, and the row
+    // would lose every field behind it.
     const std::string& id = t.IDNum[r];
-    const size_t hyphen = id.find('-');
-    const std::string_view comparison =
-        hyphen == std::string::npos ? std::string_view(id) : std::string_view(id).substr(hyphen);
     line.append(id);
-    if (t.BadgeNum[r] != comparison)
+    if (id.empty() || id.find('-') != std::string::npos || t.BadgeNum[r] != id)
         line.append(":").append(t.BadgeNum[r]);
     line.append(", ");
     appendPadded(line, 43);

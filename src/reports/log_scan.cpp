@@ -133,12 +133,13 @@ LogRead ReadLogRecordDateFirst(LogStream& log, LogRecord& r)
         return LogRead::Skip;
     }
     // A record that is the whole line has its wrist status behind five commas, and then either
-    // "ComFail" and a comma, or nine commas in all; any other runs over into the next line.
+    // "ComFail" and a comma, or nine commas in all; any other runs over into the next line. One
+    // whose last comma ends the line is read field by field too, as the file may end behind it.
     if (commas < 6)
         return readSpilledRecord(log, r);
     const std::string_view wristStat = lineField(line, comma, commas, 5);
     const bool comFail = wristStat == "ComFail";
-    if (!comFail && commas < 10)
+    if ((!comFail && commas < 10) || comma[comFail ? 5 : 9] + 1 == line.size())
         return readSpilledRecord(log, r);
     r.LastName = lastName;
     r.Date = lineField(line, comma, commas, 3);
@@ -208,7 +209,8 @@ LogRead ReadLogRecordByLine(LogStream& log, LogRecord& r)
         return LogRead::Skip;
     r.Date = f.text;
     r.Head = trimBlanks(line.substr(0, static_cast<size_t>(behindId.data() - line.data())));
-    r.Tail = fields.rest();
+    // The line is already without its line end: a carriage return at its end is text of the tail.
+    r.Tail = line.substr(static_cast<size_t>(fields.rest().data() - line.data()));
     return LogRead::Record;
 }
 

@@ -19,26 +19,35 @@ LogStream::LogStream(Files& files, const std::string& path) : opened_(files.open
         eof_ = true;
         return;
     }
-    buffer_.resize(PieceSize);
+    grow(PieceSize);
 }
 
 LogStream::LogStream(std::unique_ptr<FileReader> reader) : reader_(std::move(reader)), opened_(FileResult::Ok)
 {
-    buffer_.resize(PieceSize);
+    grow(PieceSize);
+}
+
+void LogStream::grow(std::size_t size)
+{
+    auto bigger = std::make_unique_for_overwrite<char[]>(size);
+    if (end_ > 0)
+        std::memcpy(bigger.get(), buffer_.get(), end_);
+    buffer_ = std::move(bigger);
+    size_ = size;
 }
 
 void LogStream::fill()
 {
     if (pos_ > 0) {
-        std::memmove(buffer_.data(), buffer_.data() + pos_, end_ - pos_);
+        std::memmove(buffer_.get(), buffer_.get() + pos_, end_ - pos_);
         end_ -= pos_;
         searched_ = searched_ > pos_ ? searched_ - pos_ : 0;
         pos_ = 0;
     }
     // A line longer than what the buffer holds makes it grow.
-    if (buffer_.size() - end_ < PieceSize / 2)
-        buffer_.resize(std::max(2 * buffer_.size(), end_ + PieceSize));
-    const std::int64_t n = reader_->read(buffer_.data() + end_, buffer_.size() - end_);
+    if (size_ - end_ < PieceSize / 2)
+        grow(std::max(2 * size_, end_ + PieceSize));
+    const std::int64_t n = reader_->read(buffer_.get() + end_, size_ - end_);
     if (n > 0) {
         end_ += static_cast<std::size_t>(n);
         return;
@@ -56,18 +65,18 @@ bool LogStream::atEnd()
 
 bool LogStream::haveLine()
 {
-    if (failed_)
+    // At the end of the data nothing is left, also behind a comma that ended a last line without
+    // a line end.
+    if (failed_ || (pos_ == end_ && eof_))
         return false;
     if (lineEnd_ != NoLine)
         return true;
-    if (pos_ == end_ && eof_)
-        return false;
     if (searched_ < pos_)
         searched_ = pos_;
     for (;;) {
-        const void* feed = std::memchr(buffer_.data() + searched_, '\n', end_ - searched_);
+        const void* feed = std::memchr(buffer_.get() + searched_, '\n', end_ - searched_);
         if (feed != nullptr) {
-            lineEnd_ = static_cast<std::size_t>(static_cast<const char*>(feed) - buffer_.data());
+            lineEnd_ = static_cast<std::size_t>(static_cast<const char*>(feed) - buffer_.get());
             return true;
         }
         searched_ = end_;
@@ -98,7 +107,7 @@ bool LogStream::readField(std::string& field)
 {
     if (!haveLine())
         return false;
-    const char* const data = buffer_.data();
+    const char* const data = buffer_.get();
     std::size_t b = pos_;
     const std::size_t text = textEnd();
     while (b < text && data[b] == ' ')
@@ -131,7 +140,7 @@ bool LogStream::peekLine(std::string_view& rest)
 {
     if (!haveLine())
         return false;
-    rest = std::string_view(buffer_.data() + pos_, textEnd() - pos_);
+    rest = std::string_view(buffer_.get() + pos_, textEnd() - pos_);
     return true;
 }
 
@@ -140,7 +149,7 @@ bool LogStream::readLine(std::string_view& line)
     if (!haveLine())
         return false;
     const std::size_t text = textEnd();
-    line = std::string_view(buffer_.data() + pos_, text - pos_);
+    line = std::string_view(buffer_.get() + pos_, text - pos_);
     endLine();
     return true;
 }

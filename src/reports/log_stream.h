@@ -11,7 +11,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace zandolt {
 
@@ -60,10 +59,15 @@ private:
     // Keeps the bytes from pos_ on, at the front of a buffer large enough for one more piece, and
     // reads the piece.
     void fill();
+    // A buffer of `size` bytes that begins with the end_ bytes in hand.
+    void grow(std::size_t size);
 
     std::unique_ptr<FileReader> reader_;
     FileResult opened_;
-    std::vector<char> buffer_;
+    // Only what was read into the buffer is ever looked at, so it is not cleared first, which
+    // would cost the read of a small log more than the reading itself.
+    std::unique_ptr<char[]> buffer_;
+    std::size_t size_ = 0;
     std::size_t pos_ = 0, end_ = 0;
     std::size_t lineEnd_ = NoLine;
     std::size_t searched_ = 0; // the line feed was looked for up to here

@@ -117,6 +117,15 @@ TEST_F(NamesFile, ALineIsWrittenColumnByColumn)
                                             AllA + ", 12, pass, 1");
     EXPECT_EQ(FormatNameLine(*app_, 1).substr(0, 53), "Featherstonehaugh-Smythe, Al, 1234567890123, 000.00, ");
     EXPECT_EQ(FormatNameLine(*app_, 1).back(), '0');
+
+    // The ID alone would give back neither an empty badge behind an empty ID (an empty field ends
+    // the line) nor a badge that keeps its ID's hyphen.
+    app_->IDNum[1] = "";
+    app_->BadgeNum[1] = "";
+    EXPECT_EQ(FormatNameLine(*app_, 1).substr(30, 3), ":, ");
+    app_->IDNum[1] = "12-34";
+    app_->BadgeNum[1] = "-34";
+    EXPECT_EQ(FormatNameLine(*app_, 1).substr(30, 11), "12-34:-34, ");
 }
 
 TEST_F(NamesFile, AnEmptyFileOrABlankLineBeforeTheFirstEmployeeFailsButHeaderLinesAloneAreAnEmptyTable)

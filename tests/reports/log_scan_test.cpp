@@ -126,6 +126,9 @@ TEST_F(LogScan, ALogThatEndsInsideARecordOrCannotBeReadFails)
     EXPECT_EQ(ending, LogRead::Failed);
     byFields("Doe, Jane, 4711, 03-15-2001, 08:03:40, ComFail", ending);
     EXPECT_EQ(ending, LogRead::Failed);
+    // Cut right behind a comma: the rest of the line that the record still needs is not there.
+    byFields("Doe, Jane, 4711, 03-15-2001, 08:01:02, Wok, Lok, Rok, 01.23, 04.56,", ending);
+    EXPECT_EQ(ending, LogRead::Failed);
 
     // A share that goes away in the middle of the scan.
     std::string big;

@@ -493,15 +493,17 @@ bool PosixFiles::copy(const std::string& from, const std::string& to)
     Replacement out(*this, followLinks(resolve(to)));
     if (out.open() != FileResult::Ok)
         return false;
-    // Large pieces, whatever the size of the file: a log of years is copied with little memory.
-    std::vector<char> piece(1 << 20);
+    // Large pieces, whatever the size of the file: a log of years is copied with little memory. The
+    // buffer is not cleared first, which would cost a small file's copy more than the copy itself.
+    constexpr size_t PieceSize = 1 << 20;
+    const auto piece = std::make_unique_for_overwrite<char[]>(PieceSize);
     for (;;) {
-        const std::int64_t n = in->read(piece.data(), piece.size());
+        const std::int64_t n = in->read(piece.get(), PieceSize);
         if (n < 0)
             return false;
         if (n == 0)
             break;
-        out.write(std::string_view(piece.data(), static_cast<size_t>(n)));
+        out.write(std::string_view(piece.get(), static_cast<size_t>(n)));
     }
     out.keepTimes(src.st_atim, src.st_mtim);
     return out.commit() == FileResult::Ok;

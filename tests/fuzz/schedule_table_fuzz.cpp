@@ -1,0 +1,76 @@
+// GENREPORTS.TXT read into the schedule table in one of several locales (the input's first byte),
+// then rendered as the editor shows it. A file that read whole must come back from its rendering
+// as the same table, as far as the format keeps it: "ALL " and "no " lose their blank, a minute
+// above 59 carries into the hour, and a stamp of no time is not written.
+#include "automation/schedule_table.h"
+#include "fuzz_station.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zandolt::fuzz {
+namespace {
+
+std::string trimmedRight(std::string s)
+{
+    while (!s.empty() && s.back() == ' ')
+        s.pop_back();
+    return s;
+}
+
+// One slot as the file keeps it.
+std::string Slot(const ScheduleEntry& e)
+{
+    if (!e.SchedCommentLine.empty())
+        return "comment [" + e.SchedCommentLine + "]";
+    const int minutes = (e.SchedTime / 100 * 60 + e.SchedTime % 100) % (24 * 60);
+    std::string slot = "days " + std::to_string(e.SchedDays) + " at " + std::to_string(minutes) + " kind " +
+                       std::to_string(e.SchedKind) + " group [" + trimmedRight(e.SchedWorkGroup) + "] to [" +
+                       trimmedRight(e.SchedAddress) + "]";
+    if (e.SchedLastDate > 0 && e.SchedLastTime.aboveZero())
+        slot += " last " + std::to_string(e.SchedLastDate) + " " + e.SchedLastTime.shortTime();
+    return slot;
+}
+
+} // namespace
+} // namespace zandolt::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace zandolt;
+    using namespace zandolt::fuzz;
+    static const char* const names[] = {"en_US", "de_DE", "ko_KR", "ar_EG", "C"};
+    static std::vector<std::unique_ptr<qt::QtLocale>> locales = [] {
+        std::vector<std::unique_ptr<qt::QtLocale>> all;
+        for (const char* name : names)
+            all.push_back(std::make_unique<qt::QtLocale>(QLocale(QString::fromLatin1(name))));
+        return all;
+    }();
+    static const auto first = std::make_unique<ScheduleTable>();
+    static const auto again = std::make_unique<ScheduleTable>();
+    InputCursor input(data, size);
+    const std::size_t which = static_cast<std::size_t>(input.pick(static_cast<int>(locales.size())));
+    Locale& locale = *locales[which];
+
+    const ScheduleReadEnd end = ReadScheduleText(input.rest(), *first, locale, 2026);
+    const std::string shown = RenderSchedule(*first, locale);
+    if (end != ScheduleReadEnd::Whole)
+        return 0;
+    const ScheduleReadEnd endAgain = ReadScheduleText(shown, *again, locale, 2026);
+    if (endAgain != ScheduleReadEnd::Whole || again->SchedLastIndex != first->SchedLastIndex)
+        PropertyFailed(std::string(names[which]) + ": the rendering reads back as " +
+                       std::to_string(again->SchedLastIndex + 1) + " slots of " +
+                       std::to_string(first->SchedLastIndex + 1) + ", ending " +
+                       std::to_string(static_cast<int>(endAgain)) + ":\n" + shown);
+    for (int i = 0; i <= first->SchedLastIndex; ++i) {
+        const std::string a = Slot(first->Sched[static_cast<std::size_t>(i)]);
+        const std::string b = Slot(again->Sched[static_cast<std::size_t>(i)]);
+        if (a != b)
+            PropertyFailed(std::string(names[which]) + ": slot " + std::to_string(i) + " was " + a +
+                           " and reads back as " + b + ":\n" + shown);
+    }
+    return 0;
+}
