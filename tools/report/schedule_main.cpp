@@ -2,18 +2,13 @@
 // a virtual one, SMTP mail, and the signals that end a runner between two jobs.
 #include "app.h"
 #include "automation/auto_frm.h"
-#include "platform/console/console_devices.h"
+#include "console_station.h"
 #include "platform/console/console_ui.h"
-#include "platform/qt/qt_clock_locale.h"
-#include "platform/system/posix_files.h"
-#include "platform/system/smtp_mail.h"
-#include "platform/system/system_programs.h"
 #include "schedule_command.h"
 
 #include <csignal>
 #include <filesystem>
 #include <iostream>
-#include <memory>
 
 namespace zandolt {
 
@@ -64,20 +59,9 @@ int ScheduleMain(const std::vector<std::string>& args)
     if (ec || !std::filesystem::is_directory(dir, ec))
         return usageError("no directory \"" + request.dir + "\"");
 
-    qt::QtClock systemClock;
-    std::unique_ptr<console::FixedClock> virtualClock;
-    if (request.from)
-        virtualClock = std::make_unique<console::FixedClock>(*request.from);
-    Clock& clock = virtualClock ? static_cast<Clock&>(*virtualClock) : systemClock;
-    RunnerConsoleUi ui(std::cerr, "zandolt-report");
-    qt::QtLocale locale;
-    zandolt::system::PosixFiles files(dir.string());
-    zandolt::system::SystemPrograms programs(files);
-    zandolt::system::SmtpMail mail(files, &std::cerr, "zandolt-report: mail: ");
-    console::NoSerial serial;
-    console::NoPrinter printer;
-    App app(Services{ui, clock, serial, printer, files, programs, locale, mail});
-
+    ConsoleStation<RunnerConsoleUi> station(std::cerr, dir.string(), request.from);
+    App& app = station.app;
+    RunnerConsoleUi& ui = station.ui;
     StartScheduleStation(app);
     if (request.check)
         return CheckSchedule(app, std::cout);
@@ -86,7 +70,7 @@ int ScheduleMain(const std::vector<std::string>& args)
     std::signal(SIGINT, onStopSignal);
     // Between two ticks a second passes for the console's timers too: a window that the runner left
     // to its timers (the names consolidation) works in step with the schedule.
-    return RunSchedule(app, request, virtualClock.get(), std::cout, stopSignalled, [&ui] { ui.advance(1000); });
+    return RunSchedule(app, request, station.fixedClock.get(), std::cout, stopSignalled, [&ui] { ui.advance(1000); });
 }
 
 } // namespace zandolt

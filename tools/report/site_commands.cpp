@@ -5,14 +5,10 @@
 #include "automation/log_merge_rule.h"
 #include "automation/names_consolidation.h"
 #include "automation/names_form.h"
+#include "console_station.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
-#include "platform/console/console_devices.h"
 #include "platform/console/console_ui.h"
-#include "platform/qt/qt_clock_locale.h"
-#include "platform/system/posix_files.h"
-#include "platform/system/smtp_mail.h"
-#include "platform/system/system_programs.h"
 
 #include <filesystem>
 #include <istream>
@@ -24,27 +20,6 @@ namespace {
 
 constexpr int Done = 0, Failed = 1, UsageError = 2;
 
-// The console station of a job: the window service writes to `err`, files are those of `dir`
-// (the process's own current directory when empty).
-struct ConsoleStation
-{
-    ConsoleStation(std::ostream& err, const std::string& dir)
-        : ui(err, "zandolt-report"), files(dir), programs(files), mail(files, &err, "zandolt-report: mail: "),
-          app(Services{ui, clock, serial, printer, files, programs, locale, mail})
-    {
-    }
-
-    console::ConsoleUi ui;
-    qt::QtClock clock;
-    qt::QtLocale locale;
-    zandolt::system::PosixFiles files;
-    zandolt::system::SystemPrograms programs;
-    zandolt::system::SmtpMail mail;
-    console::NoSerial serial;
-    console::NoPrinter printer;
-    App app;
-};
-
 int usage(std::ostream& err, const std::string& error)
 {
     err << "zandolt-report: " << error << "\n\n" << SiteUsage();
@@ -55,7 +30,7 @@ int merge(const std::vector<std::string>& args, std::ostream& out, std::ostream&
 {
     if (args.size() != 4)
         return usage(err, "merge takes three files: IN1 IN2 OUT");
-    ConsoleStation station(err, "");
+    ConsoleStation<> station(err, "");
     LogMergeCounts counts;
     if (!MergeLogFiles(station.app, args[1], args[2], args[3], counts))
         return Failed;
@@ -109,7 +84,7 @@ int RunSiteCommand(const std::vector<std::string>& args, std::ostream& out, std:
         return usage(err, "no directory \"" + dir + "\"");
 
     // The server starts as a station in its directory would: its settings first.
-    ConsoleStation station(err, path.string());
+    ConsoleStation<> station(err, path.string());
     App& app = station.app;
     ReadIniFile(app);
     if (job == "logsort") {
