@@ -6,11 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-./scripts/install-deps.sh
-
-jobs=$(nproc 2>/dev/null || echo 2)
-cmake -S . -B build-bench-reports -DCMAKE_BUILD_TYPE=Release -DZANDOLT_TESTS=OFF -DZANDOLT_BENCH=OFF >/dev/null
-cmake --build build-bench-reports -j "$jobs" --target zandolt-report
+./scripts/build-report-optimised.sh
 site=build-bench-reports/site
 if [ ! -s "$site/LOG.TXT" ]; then
     python3 bench/reports/make_site.py "$site"

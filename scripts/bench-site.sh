@@ -6,9 +6,5 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-./scripts/install-deps.sh
-
-jobs=$(nproc 2>/dev/null || echo 2)
-cmake -S . -B build-bench-reports -DCMAKE_BUILD_TYPE=Release -DZANDOLT_TESTS=OFF -DZANDOLT_BENCH=OFF >/dev/null
-cmake --build build-bench-reports -j "$jobs" --target zandolt-report
+./scripts/build-report-optimised.sh
 python3 bench/site/run_bench.py build-bench-reports/tools/report/zandolt-report build-bench-reports/site-jobs "$@"
