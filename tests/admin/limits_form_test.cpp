@@ -62,8 +62,18 @@ TEST_F(ChangeAllLimits, OnlyTheChosenColumnsChangeAndOnlyRowsThatReallyChangeAre
                 "-1.00, 010.50, 0.00, -1.00,  0, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030, " + A372 + ", 0, , 0"}));
 }
 
-TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndCancelOrATextThatIsNoNumberChangesNothing)
+TEST_F(ChangeAllLimits, NoBoxOnRewritesTheFileDipSwStoresAutomaticAndCancelOrATextThatIsNoNumberChangesNothing)
 {
+    // No box on: the file is written anew under the program's own header, and no row is flagged.
+    ui().answerMsgBox("Are you sure", msgbox::OK);
+    form().OKBut.userClick();
+    const auto lines = fileLines("NAMES.TXT");
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[0], NamesHeaderLine1);
+    EXPECT_EQ(lines[2].back(), '0');
+    EXPECT_EQ(lines[3].back(), '0');
+    app_->nameForm().mnuChangeAllLimits.userClick();
+
     const std::string before = read("NAMES.TXT");
     ui().answerMsgBox("Are you sure", msgbox::Cancel); // Cancel of the question keeps the window
     form().OKBut.userClick();
@@ -89,17 +99,6 @@ TEST_F(ChangeAllLimits, DipSwStoresAutomaticAndCancelOrATextThatIsNoNumberChange
     EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(43, 29), "-1.00, -1.00, 0.00, -1.00,  0");
     EXPECT_EQ(fileLines("NAMES.TXT")[3].back(), '1');
     EXPECT_EQ(fileLines("NAMES.TXT")[2].back(), '0'); // row 0 was automatic already
-}
-
-TEST_F(ChangeAllLimits, NoBoxOnStillRewritesTheFile)
-{
-    ui().answerMsgBox("Are you sure", msgbox::OK);
-    form().OKBut.userClick();
-    const auto lines = fileLines("NAMES.TXT");
-    ASSERT_EQ(lines.size(), 4u);
-    EXPECT_EQ(lines[0], NamesHeaderLine1);
-    EXPECT_EQ(lines[2].back(), '0');
-    EXPECT_EQ(lines[3].back(), '0');
 }
 
 } // namespace

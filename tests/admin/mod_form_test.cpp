@@ -176,15 +176,8 @@ TEST_F(EmployeeEditor, AFullTableLosesItsLastRowToAppendAndInsert)
 TEST_F(EmployeeEditor, ARenewedCertificateStartsANewWarningSequence)
 {
     // Two rows whose expiry warning has counted down to 5 days.
-    std::string text = "# 1\r\n# 2\r\n";
-    for (const Employee& e : {Employee{"Ash", "Al", "1"}, Employee{"Bay", "Bo", "2"}}) {
-        std::string line = NamesLine(e);
-        line.replace(line.size() - 8, 8, ", 5, , 0"); // the warning field, 0 in the scenario's line
-        text += line + "\r\n";
-    }
-    write("NAMES.TXT", text);
-    startStation();
-    app_->nameForm().mnuName.userClick();
+    open({Employee{.last = "Ash", .first = "Al", .id = "1", .warning = "5"},
+          Employee{.last = "Bay", .first = "Bo", .id = "2", .warning = "5"}});
     form().ModifyBut.userClick(); // the same expiry date: the countdown goes on
     EXPECT_EQ(app_->CertWarning[0], 5);
     form().NextBut.userClick();

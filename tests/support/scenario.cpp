@@ -12,7 +12,7 @@ std::string NamesLine(const Employee& e)
 {
     return e.last + ", " + e.first + ", " + e.id + ", " + e.wristMin + ", " + e.wristMax + ", " + e.footMin + ", " +
            e.footMax + ", " + e.wristEnable + ", " + e.footEnable + ", E, 01/05/2026, 01/05/2026, 1, " + e.certExpiry +
-           ", " + e.attendance + ", 0, " + e.password + ", 0";
+           ", " + e.attendance + ", " + e.warning + ", " + e.password + ", 0";
 }
 
 std::vector<std::string> CrLfLines(const std::string& text)

@@ -17,7 +17,7 @@ struct Employee
     std::string wristEnable = "-1", footEnable = "-1";
     std::string certExpiry = "12/31/2030";
     std::string attendance = std::string(372, 'A');
-    std::string password;
+    std::string warning = "0", password;
 };
 
 // One line of NAMES.TXT for the employee, in the writer's field order.
