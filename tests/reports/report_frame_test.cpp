@@ -267,7 +267,8 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
     EXPECT_EQ(seen.size(), 1u);
 }
 
-// The entries whose generators are part of the station, through the main window's menu.
+// The entries whose generators are part of the station, through the main window's menu (Print
+// Monthly's in the failed report; what it prints is the handler's test above).
 using ReportMenu = ReportFrame;
 
 TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
@@ -284,6 +285,8 @@ TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
     answerMonthAndGroup("11", "A");
     printer().dialogCopies = 1;
     main.mnuPrintReport.userClick();
+    const Lines said = prompts();
+    EXPECT_EQ(std::count(said.begin(), said.end(), " Error opening Log file to read"), 2);
     EXPECT_TRUE(printer().documents().empty());
     EXPECT_EQ(read("REPORT.TXT"), "old report\r\n");
     // The daily log opens its two files before the log, so they are new and empty: the viewer shows
@@ -297,7 +300,7 @@ TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
     EXPECT_EQ(viewer().TextBox1.text(), std::string(LogColumnsHeading) + "\r\n");
 }
 
-TEST_F(ReportMenu, EveryEntryShowsItsFileUnderItsTitleWithItsBatchFileAndPrintMonthlyPrintsTheReport)
+TEST_F(ReportMenu, EveryEntryShowsItsFileUnderItsTitleWithItsBatchFile)
 {
     write("LOG.TXT", "Baker, Cy           , A-2                , 11-20-2026, 07:31:02, Wok, Lok, Rok, 1.5, 12, 11\r\n");
     // The site's batch file of the monthly report, spelt otherwise than the hook's name.
@@ -361,15 +364,6 @@ TEST_F(ReportMenu, EveryEntryShowsItsFileUnderItsTitleWithItsBatchFileAndPrintMo
     viewer().CloseBut.userClick();
     EXPECT_FALSE(viewer().loaded());
     EXPECT_EQ(app_->ReportMacroName, "");
-
-    answerMonthAndGroup("11", "A");
-    main.mnuPrintReport.userClick();
-    ASSERT_EQ(printer().documents().size(), 1u);
-    std::string printedText;
-    for (const std::string& line : printer().documents()[0].lines)
-        printedText += line + "\r\n";
-    EXPECT_EQ(printedText, read("REPORT.TXT"));
-    EXPECT_NE(printedText.find("Baker"), std::string::npos);
 }
 
 } // namespace
