@@ -63,9 +63,7 @@ void CheckMenuLevel(const std::string& where, const std::vector<MenuItem*>& item
     Report(level, where, clashes);
 }
 
-class AccessKeys : public ScenarioTest
-{
-};
+using AccessKeys = ScenarioTest;
 
 TEST_F(AccessKeys, NoWindowHasTwoControlsOrMenuEntriesOnOneKey)
 {
