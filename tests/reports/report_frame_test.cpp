@@ -13,7 +13,7 @@
 namespace zandolt::testing {
 namespace {
 
-using Lines = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
 class ReportFrame : public ScenarioTest
 {
@@ -42,9 +42,9 @@ protected:
     DispForm& viewer() { return app_->dispForm(); }
     headless::CapturedPrinter& printer() { return backend_->printer; }
     // The lines of the printed documents, one text per document.
-    Lines printed()
+    Texts printed()
     {
-        Lines docs;
+        Texts docs;
         for (const auto& d : printer().documents()) {
             std::string text;
             for (const auto& l : d.lines)
@@ -70,8 +70,8 @@ protected:
         ui().answerInputBox("work group", group);
     }
 
-    Lines seen;
-    Lines chooserItems;
+    Texts seen;
+    Texts chooserItems;
 };
 
 TEST_F(ReportFrame, TypedDatesAreRepairedForDayFirstDesktopsAndMovedACenturyOn)
@@ -91,7 +91,7 @@ TEST_F(ReportFrame, DateMonthAndWorkGroupPromptsDecideWhetherTheReportRunsAndFor
     ui().answerInputBox("work group", "A");
     ReportHandler(*app_, report_kinds::Certification, generator("CERTIF.TXT"));
     // 30 reads as 1930, more than 30 years back: 2 January 2030.
-    ASSERT_EQ(seen, Lines{"0|" + std::to_string(DateSerial(2030, 1, 2)) + "|A||-1"});
+    ASSERT_EQ(seen, Texts{"0|" + std::to_string(DateSerial(2030, 1, 2)) + "|A||-1"});
     EXPECT_EQ(ui().journal().front(), "input Please enter the date of the day to generate a report for ");
 
     ui().answerInputBox("starting date", "no date");
@@ -129,8 +129,8 @@ TEST_F(ReportFrame, DateMonthAndWorkGroupPromptsDecideWhetherTheReportRunsAndFor
     answerMonthAndGroup("3", " ");
     chooseEntry(1);
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
-    EXPECT_EQ(chooserItems, (Lines{"adams, Bo", "Baker, Cy", "Zeta, Al"}));
-    EXPECT_EQ(seen, (Lines{"13|0|A||-1", "3|0||Baker, Cy|2"}));
+    EXPECT_EQ(chooserItems, (Texts{"adams, Bo", "Baker, Cy", "Zeta, Al"}));
+    EXPECT_EQ(seen, (Texts{"13|0|A||-1", "3|0||Baker, Cy|2"}));
     EXPECT_EQ(ui().modals().size(), 1u);
 
     // OK with nothing chosen means all; Cancel ends the report.
@@ -195,7 +195,7 @@ TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewerAndPrintingPri
     const size_t messages = ui().messages().size();
     viewer().PrintBut.userClick();
     EXPECT_EQ(ui().messages().size(), messages);
-    EXPECT_EQ(printed(), (Lines{"||T||b|c||", "||T||b|c||"}));
+    EXPECT_EQ(printed(), (Texts{"||T||b|c||", "||T||b|c||"}));
 }
 
 TEST_F(ReportFrame, PrintMonthlyPrintsTheReportInLandscapeOncePerCopyOrSaysWhatFailed)
@@ -203,7 +203,7 @@ TEST_F(ReportFrame, PrintMonthlyPrintsTheReportInLandscapeOncePerCopyOrSaysWhatF
     answerMonthAndGroup("11", "A");
     printer().dialogCopies = 2;
     PrintReportHandler(*app_, generator("REPORT.TXT"));
-    EXPECT_EQ(printed(), (Lines{"line 1|line 2|", "line 1|line 2|"}));
+    EXPECT_EQ(printed(), (Texts{"line 1|line 2|", "line 1|line 2|"}));
     EXPECT_TRUE(printer().documents()[0].landscape);
     EXPECT_EQ(printer().documents()[0].fontName, "Courier");
     EXPECT_EQ(printer().documents()[0].fontSize, 9);
@@ -258,7 +258,7 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
     EXPECT_FALSE(allEnabled);
     EXPECT_EQ(help, "Click on the arrow and select an Employee.");
     EXPECT_EQ(chosen, "adams, Bo");
-    EXPECT_EQ(seen, Lines{"adams, Bo|1"});
+    EXPECT_EQ(seen, Texts{"adams, Bo|1"});
     EXPECT_FALSE(viewer().loaded());
 
     ui().onModal("IndividualEmployeeSelectionForm",
@@ -285,7 +285,7 @@ TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
     answerMonthAndGroup("11", "A");
     printer().dialogCopies = 1;
     main.mnuPrintReport.userClick();
-    const Lines said = prompts();
+    const Texts said = prompts();
     EXPECT_EQ(std::count(said.begin(), said.end(), " Error opening Log file to read"), 2);
     EXPECT_TRUE(printer().documents().empty());
     EXPECT_EQ(read("REPORT.TXT"), "old report\r\n");

@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <map>
 #include <string>
 #include <tuple>
@@ -39,10 +38,7 @@ protected:
     }
     void log(const std::vector<std::string>& lines, const std::string& unended = "")
     {
-        std::string text;
-        for (const std::string& l : lines)
-            text += l + "\r\n";
-        write("LOG.TXT", text + unended);
+        write("LOG.TXT", Lines(lines) + unended);
     }
     void now(int year, int month, int day, int hour, int minute, int second)
     {
@@ -112,15 +108,6 @@ protected:
 inline std::string Blanks(size_t n)
 {
     return std::string(n, ' ');
-}
-
-// Text lines, each ended as the reports end them.
-inline std::string Lines(std::initializer_list<std::string> lines)
-{
-    std::string out;
-    for (const auto& l : lines)
-        out += l + "\r\n";
-    return out;
 }
 
 // A log line as the station writes it: name and ID padded to their columns, then the rest.

@@ -30,6 +30,14 @@ std::vector<std::string> CrLfLines(const std::string& text)
     return lines;
 }
 
+std::string Lines(const std::vector<std::string>& lines)
+{
+    std::string text;
+    for (const std::string& l : lines)
+        text += l + "\r\n";
+    return text;
+}
+
 std::string Repeat(const std::string& part, int times)
 {
     std::string out;
@@ -68,10 +76,10 @@ void ScenarioTest::writeSettings(const std::function<void(Settings&)>& change)
 
 void ScenarioTest::writeEmployees(const std::vector<Employee>& employees)
 {
-    std::string text = "# header 1\r\n# header 2\r\n";
+    std::vector<std::string> lines{"# header 1", "# header 2"};
     for (const Employee& e : employees)
-        text += NamesLine(e) + "\r\n";
-    write("NAMES.TXT", text);
+        lines.push_back(NamesLine(e));
+    write("NAMES.TXT", Lines(lines));
 }
 
 void ScenarioTest::startStation()
