@@ -86,22 +86,19 @@ TEST_F(TestVisit, AFailureFlashesTheCartoonAndTheRetryThatPassesIsLoggedToo)
 
 TEST_F(TestVisit, TheWindowClosesThirtySecondsAfterItOpensTenAfterAFailureAndFiveAfterAPassOrWithNoRetestTimeAtCancel)
 {
-    const struct
-    {
-        std::string message;
-        int openMs;
-    } visits[] = {{"", 30000}, {TesterMessage(0.5f, 12, 11.2f, "LO"), 10000}, {PassMessage(), 5000}};
+    const std::pair<std::string, int> visits[] = {
+        {"", 30000}, {TesterMessage(0.5f, 12, 11.2f, "LO"), 10000}, {PassMessage(), 5000}};
     startStation();
     size_t logged = 0;
-    for (const auto& v : visits) {
+    for (const auto& [message, openMs] : visits) {
         pickName(0);
-        if (!v.message.empty())
-            tester(v.message);
-        ui().advance(v.openMs - 100);
-        EXPECT_TRUE(testWindowOpen()) << v.openMs;
+        if (!message.empty())
+            tester(message);
+        ui().advance(openMs - 100);
+        EXPECT_TRUE(testWindowOpen()) << openMs;
         ui().advance(200);
-        EXPECT_FALSE(testWindowOpen()) << v.openMs;
-        logged += v.message.empty() ? 0 : 1;
+        EXPECT_FALSE(testWindowOpen()) << openMs;
+        logged += message.empty() ? 0 : 1;
         EXPECT_EQ(logLines().size(), logged);
         EXPECT_EQ(exists("LOG.TXT"), logged > 0);
     }
