@@ -11,10 +11,6 @@ namespace zandolt::testing {
 namespace {
 
 const std::string kLongName = "Abcdefghijklmnopqrst, Uvwxyzabcdefghijklmn";
-// The name and ID columns of the text lines.
-const std::string kDoe = " Doe, Jane" + Blanks(25) + "A-1 ";
-const std::string kPoe = " Poe, Edgar" + Blanks(24) + "A-3 ";
-const std::string kLong = " Abcdefghijklmnopq, Uvwxyzabc A-123456 ";
 
 class DailyLogTest : public ReportSiteRows
 {

@@ -46,6 +46,16 @@ protected:
     }
 };
 
+inline std::string Blanks(size_t n)
+{
+    return std::string(n, ' ');
+}
+
+// The name and ID column of a text row for the employees many tests have: a blank, the name, blanks to
+// 35 less the ID's length, the ID and a blank. The long one, of 48 characters, is cut to 9 and 34 - 9 - 8.
+inline const std::string kDoe = " Doe, Jane" + Blanks(25) + "A-1 ", kRoe = " Roe, Rick" + Blanks(25) + "B-2 ",
+                         kPoe = " Poe, Edgar" + Blanks(24) + "A-3 ", kLong = " Abcdefghijklmnopq, Uvwxyzabc A-123456 ";
+
 // An attendance string with the given letters at days of the year (1 = 1 January).
 inline std::string AttendanceWith(const std::map<int, char>& letters)
 {
@@ -104,11 +114,6 @@ protected:
         a.Attendance[row] = e.attendance;
     }
 };
-
-inline std::string Blanks(size_t n)
-{
-    return std::string(n, ' ');
-}
 
 // A log line as the station writes it: name and ID padded to their columns, then the rest.
 inline std::string LoggedLine(const std::string& name, const std::string& id, const std::string& rest)
