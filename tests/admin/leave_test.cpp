@@ -6,8 +6,6 @@
 #include "station/rs232_form.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
 namespace zandolt::testing {

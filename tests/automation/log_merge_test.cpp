@@ -7,8 +7,6 @@
 #include "automation/log_sort_options.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <functional>
 

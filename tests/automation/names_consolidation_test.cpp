@@ -8,8 +8,6 @@
 #include "station/err_msg_frm.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <chrono>
 #include <filesystem>

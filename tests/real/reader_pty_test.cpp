@@ -7,8 +7,6 @@
 #include "pty_support.h"
 #include "station/rs232_form.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <string>
 #include <vector>

@@ -8,8 +8,6 @@
 #include "station/err_msg_frm.h"
 #include "support/station_fixture.h"
 
-#include <gtest/gtest.h>
-
 #include <sstream>
 
 namespace zandolt::testing {

@@ -8,8 +8,6 @@
 #include "platform/system/smtp_mail.h"
 #include "support/station_fixture.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <map>

@@ -7,8 +7,6 @@
 
 #include <QListWidget>
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <string>

@@ -6,8 +6,6 @@
 
 #include "reports/report_test_site.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdio>
 
@@ -168,9 +166,9 @@ protected:
         add({"Doe", "Jane", "B-7"});
         app_->ReportEmployeeIndex = 0;
         write("LOG.TXT", LoggedLine("Doe, Jane", "A-1", "01-02-2026" + kPass) +
-                             LoggedLine("Doe, Jane", "B-7", "01-03-2026" + kPass) +  // the namesake
+                             LoggedLine("Doe, Jane", "B-7", "01-03-2026" + kPass) + // the namesake
                              LoggedLine("doe, Jane", "A-1", "01-04-2026" + kPass) + // case counts
-                             "*, Doe, Jane, A-1, 01-05-2026" + kPass + "\r\n" +      // skipped whole
+                             "*, Doe, Jane, A-1, 01-05-2026" + kPass + "\r\n" +     // skipped whole
                              "\r\n" + LoggedLine("Doe, Jane", "A-1", "02-10-2025" + kPass) +
                              LoggedLine("Doe, Jane", "A-1", "03-01-2026, 09:00:00, ComFail,  *,  *,  *,  *,  *,  *") +
                              LoggedLine("Doe, Jane", "A-1", "12-31-2026" + kPass));

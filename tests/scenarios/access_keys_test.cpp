@@ -25,8 +25,6 @@
 #include "station/sim_form.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <cctype>
 #include <map>
 

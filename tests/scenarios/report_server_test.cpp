@@ -5,8 +5,6 @@
 #include "data/settings_file.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <cstdio>
 #include <filesystem>

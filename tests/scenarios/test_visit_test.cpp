@@ -7,8 +7,6 @@
 #include "support/pass_readings.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 namespace zandolt::testing {
 namespace {
 
