@@ -1,7 +1,7 @@
 // Each card reader on the station's real reader port: the Qt backend with QSerialPort on one end of
 // a socat pseudo-terminal pair (port 2), the emulator playing the reader on the other, and a second
 // pair for the tester (port 1). A known card starts its employee's test; an unknown badge enrols a
-// new row, which then stands in NAMES.TXT and in the log line of its test.
+// new row, whose test is logged.
 #include "data/settings_file.h"
 #include "platform/headless/headless_backend.h"
 #include "pty_support.h"
