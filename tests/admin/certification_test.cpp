@@ -4,8 +4,6 @@
 #include "station/err_msg_frm.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 namespace zandolt::testing {
 namespace {
 

@@ -1,12 +1,12 @@
 // The settings windows behind the Setup menu: what each stores, and its fallbacks for bad input.
+#include "admin/cert_ex_form.h"
 #include "admin/config_form.h"
 #include "admin/config_reader_form.h"
 #include "admin/dir_form.h"
 #include "admin/sel_config_form.h"
+#include "admin/unknown_form.h"
 #include "station/name_form.h"
 #include "support/scenario.h"
-
-#include <gtest/gtest.h>
 
 #include <filesystem>
 
@@ -169,6 +169,127 @@ TEST_F(SettingsWindows, DirectoriesGetTheirSeparatorAndBlankMeansTheProgramsOwn)
     ui().onModal("Configform", [](Form& f) { static_cast<Configform&>(f).CancelBut.userClick(); });
     main().mnuConfig.userClick();
     EXPECT_EQ(iniLine(47), app_->AppDir + logComment);
+}
+
+TEST_F(SettingsWindows, UnknownIdWindowShowsTheSettingsAndOkStoresTheBoxes)
+{
+    startWith([](Settings& s) {
+        s.AddUnknownFlag = 1 + 4;
+        s.UnknownIdMessage = "Badge unknown";
+        s.DefaultWorkGroup = "QA";
+        s.DefaultWristMin = -1;
+        s.DefaultWristMax = 10;
+        s.DefaultFootMin = 0.5f;
+        s.DefaultFootMax = 0;
+        s.DefaultWristRequired = True;
+        s.DefaultFootRequired = False;
+    });
+    NameForm& main = app_->nameForm();
+    main.LastPersonLabel.setCaption("stale");
+    ui().onModal("UnKnowFo", [](Form& form) {
+        auto& f = static_cast<UnKnowFo&>(form);
+        EXPECT_EQ((std::vector<int>{f.EnableUnkownCheck.value(), f.AskNameCheck.value(), f.AllowNameChangeCheck.value(),
+                                    f.AllowIdChangeOnNameCheck.value(), f.WristCheck.value(), f.FootCheck.value()}),
+                  (std::vector<int>{1, 0, 1, 0, 1, 0}));
+        // A high foot limit of 0 is automatic too.
+        EXPECT_EQ((std::vector<std::string>{f.UnknownIDmessageText.text(), f.WorkGroupText.text(), f.WristLoText.text(),
+                                            f.WristHiText.text(), f.FootLoText.text(), f.FootHiText.text()}),
+                  (std::vector<std::string>{"Badge unknown", "QA", "DipSw", " 10", " .5", "DipSw"}));
+
+        // Enrolment itself unchecked while asking for names: told, and switched on all the same.
+        f.EnableUnkownCheck.userClick();
+        f.AskNameCheck.userClick();
+        f.UnknownIDmessageText.userEdit("Badge unknown, see desk");
+        f.WorkGroupText.userEdit("NEW");
+        f.WristLoText.userEdit("0.75");
+        f.WristHiText.userEdit("DipSw");
+        f.FootLoText.userEdit("abc");
+        f.FootHiText.userEdit("20");
+        f.FootCheck.userClick();
+        f.OkBut.userClick();
+    });
+    main.mnuUnknownID.userClick();
+
+    EXPECT_EQ(prompts(),
+              (std::vector<std::string>{" You must have AllowUnrecognizedIDs checked if any others are checked.",
+                                        "Sorry, commas are not allowed in the unknown id message."}));
+    EXPECT_EQ(app_->AddUnknownFlag, 1 + 2 + 4);
+    EXPECT_EQ(app_->UnknownIdMessage, "Badge unknown  see desk");
+    EXPECT_EQ(app_->DefaultWorkGroup, "NEW");
+    EXPECT_EQ(
+        (std::vector<float>{app_->DefaultWristMin, app_->DefaultWristMax, app_->DefaultFootMin, app_->DefaultFootMax}),
+        (std::vector<float>{0.75f, -1, -1, 20}));
+    EXPECT_EQ(app_->DefaultWristRequired, True);
+    EXPECT_EQ(app_->DefaultFootRequired, True);
+    // Saved (written as the number with a blank on each side) and the main window redrawn.
+    EXPECT_EQ(iniLine(15), " 7 , Add unknown id to the name.txt file (0 = no  1 = yes  3 = ask for name)");
+    EXPECT_EQ(iniLine(42),
+              "Badge unknown  see desk, Message that is displayed if a scanned ID can not be found.  Do not use "
+              "commas.");
+    EXPECT_EQ(main.LastPersonLabel.caption(), "");
+
+    // Cancel changes nothing, and the settings are saved all the same: here a value changed in
+    // memory only, as another window might have.
+    app_->AddUnknownFlag = 9;
+    ui().onModal("UnKnowFo", [](Form& f) {
+        static_cast<UnKnowFo&>(f).EnableUnkownCheck.userClick();
+        static_cast<UnKnowFo&>(f).CancelBut.userClick();
+    });
+    main.mnuUnknownID.userClick();
+    EXPECT_EQ(app_->AddUnknownFlag, 9);
+    EXPECT_EQ(iniLine(15).substr(0, 4), " 9 ,");
+}
+
+TEST_F(SettingsWindows, CertificationWindowRefusesADayCountThatIsNoNumberAndStoresWholeDays)
+{
+    startWith([](Settings& s) {
+        s.CertWarnAdvanceDays = 30;
+        s.CertWarnIntervalDays = 7;
+        s.CertAccessMode = 5; // no choice of its own: the first one shows
+    });
+    app_->CertWarnIntervalDays = 5; // in memory only: Cancel saves it all the same
+    bool stayedOpen = false;
+    ui().onModal("CertExForm", [&](Form& form) {
+        auto& f = static_cast<CertExForm&>(form);
+        EXPECT_EQ(f.CertExRadio3.value(), True);
+        f.CertExEdit1.userEdit("45");
+        f.CertExEdit2.userEdit("weekly");
+        f.CertExRadio1.userClick();
+        f.CertExOKBut.userClick();
+        stayedOpen = f.loaded();
+        EXPECT_EQ(f.focused(), &f.CertExEdit2);
+        f.CertExCancelBut.userClick();
+    });
+    app_->nameForm().mnuCertExp.userClick();
+    EXPECT_TRUE(stayedOpen);
+    EXPECT_EQ(prompts(), std::vector<std::string>{"Please enter the days as a whole number, such as 30, 7 or -1."});
+    EXPECT_EQ(app_->CertWarnAdvanceDays, 30);
+    EXPECT_EQ(app_->CertAccessMode, 5);
+    EXPECT_EQ(iniLine(24), " 5 , Certification expiration warning interval in days.");
+
+    app_->CertAccessMode = 2;
+    app_->CertAccessPassword = "cert";
+    ui().onModal("CertExForm", [](Form& form) {
+        auto& f = static_cast<CertExForm&>(form);
+        EXPECT_EQ(f.CertExEdit1.text(), "30");
+        EXPECT_EQ(f.CertExEdit2.text(), "5");
+        EXPECT_EQ(f.CertExEdit3.text(), "cert");
+        EXPECT_EQ(f.CertExEdit3.passwordChar(), 0); // shown open
+        EXPECT_EQ(f.CertExRadio2.value(), True);
+        EXPECT_EQ(f.CertExRadio3.value(), 0);
+        f.CertExEdit1.userEdit("14.5"); // stored whole, rounded to the even 14
+        f.CertExEdit2.userEdit("-1");
+        f.CertExEdit3.userEdit("new");
+        f.CertExRadio1.userClick();
+        f.CertExOKBut.userClick();
+    });
+    app_->nameForm().mnuCertExp.userClick();
+    EXPECT_EQ(app_->CertWarnAdvanceDays, 14);
+    EXPECT_EQ(app_->CertWarnIntervalDays, -1);
+    EXPECT_EQ(app_->CertAccessMode, 1);
+    EXPECT_EQ(app_->CertAccessPassword, "new");
+    EXPECT_EQ(iniLine(23), " 14 , Certification expiration advanced warning in days.");
+    EXPECT_EQ(iniLine(25), " 1 , Certification expiration access (0=always  1=never  2=with password)");
 }
 
 } // namespace

@@ -5,8 +5,6 @@
 #include "station/rs232_form.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 namespace zandolt::testing {
 namespace {
 

@@ -6,8 +6,6 @@
 #include "station/rs232_form.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 
@@ -216,24 +214,21 @@ TEST_F(Rename, EveryRefusalEndsTheVisitWithoutAChange)
     pressKey('A');
     EXPECT_FALSE(testWindowOpen());
 
-    const struct
-    {
-        std::string answer, message;
-    } refusals[] = {{"", ""},
-                    {"Smith", "No first name found in Smith"},
-                    {"Jane Doe", "The name Doe, Jane is already in use."},
-                    {"Rick Roe", "The name Roe, Rick is already in use."}};
-    for (const auto& r : refusals) {
+    const std::pair<std::string, std::string> refusals[] = {{"", ""},
+                                                            {"Smith", "No first name found in Smith"},
+                                                            {"Jane Doe", "The name Doe, Jane is already in use."},
+                                                            {"Rick Roe", "The name Roe, Rick is already in use."}};
+    for (const auto& [answer, message] : refusals) {
         pickName(0);
         ASSERT_TRUE(testWindowOpen());
         timedMessage.clear();
-        if (!r.message.empty())
+        if (!message.empty())
             watchTimedMessage();
         ui().answerMsgBox("Do you want to change this name?", msgbox::Yes);
-        ui().answerInputBox("Please enter your name", r.answer);
+        ui().answerInputBox("Please enter your name", answer);
         pressKey('A');
-        EXPECT_FALSE(testWindowOpen()) << r.answer;
-        EXPECT_EQ(timedMessage, r.message) << r.answer;
+        EXPECT_FALSE(testWindowOpen()) << answer;
+        EXPECT_EQ(timedMessage, message) << answer;
     }
     const std::vector<std::string> asked = questions();
     EXPECT_EQ(std::count(asked.begin(), asked.end(), "No name was entered."), 1);

@@ -5,14 +5,10 @@
 #include "automation/log_merge_journal.h"
 #include "automation/log_merge_rule.h"
 #include "automation/log_sort_options.h"
-#include "support/station_fixture.h"
+#include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
 #include <filesystem>
 #include <functional>
-#include <initializer_list>
 
 namespace zandolt::testing {
 namespace {
@@ -23,15 +19,6 @@ std::string LogLineAt(const std::string& name, const std::string& date, const st
     std::string line = name;
     line.resize(20, ' ');
     return line + ", 4711               , " + date + ", " + time + ", Wok, Lok, Rok, 01.00, 02.00, 03.00";
-}
-
-// The lines, each ended by CR LF.
-std::string LogText(std::initializer_list<std::string> lines)
-{
-    std::string text;
-    for (const std::string& l : lines)
-        text += l + "\r\n";
-    return text;
 }
 
 // Tests of three people on 14 and 15 March 2026, named by their initial and hour.
@@ -78,31 +65,31 @@ TEST_F(MergeTwoFilesTest, EachCaseComesOutAsTheRulesOrderTheLines)
         std::string in1, in2, out, counts;
     } cases[] = {
         // 08:00 < 08:30 writes line 1; 09:00 >= 08:30 in the same year writes line 2; and so on.
-        {LogText({a8, a9, a10}), LogText({b830, b930}), LogText({a8, b830, a9, b930, a10}), "3 2 5"},
+        {Lines({a8, a9, a10}), Lines({b830, b930}), Lines({a8, b830, a9, b930, a10}), "3 2 5"},
         // "12-31-2025..." is above "01-01-2026..." as text, but the year 2025 is below 2026: line 1.
         // The other way round the keys alone decide, and January goes out before December.
-        {LogText({dec}), LogText({jan}), LogText({dec, jan}), "1 1 2"},
-        {LogText({jan}), LogText({dec}), LogText({jan, dec}), "1 1 2"},
+        {Lines({dec}), Lines({jan}), Lines({dec, jan}), "1 1 2"},
+        {Lines({jan}), Lines({dec}), Lines({jan, dec}), "1 1 2"},
         // A key of ten characters has no year: "12-31-2025" is above "01-01-2026, ..." and line 2
         // goes first, where the full key would have put December first.
-        {LogText({shortKey}), LogText({jan}), LogText({jan, shortKey}), "1 1 2"},
+        {Lines({shortKey}), Lines({jan}), Lines({jan, shortKey}), "1 1 2"},
         // "2x26" lies between "1980" and "3000" by character codes, so the years count: "2x26" below
         // "2x27" writes line 1 although its key is the larger. "0226" lies below "1980": no years,
         // and the larger key goes second.
-        {LogText({x26}), LogText({x27}), LogText({x26, x27}), "1 1 2"},
-        {LogText({y0226}), LogText({x27}), LogText({x27, y0226}), "1 1 2"},
+        {Lines({x26}), Lines({x27}), Lines({x26, x27}), "1 1 2"},
+        {Lines({y0226}), Lines({x27}), Lines({x27, y0226}), "1 1 2"},
         // Only a repeat of the line written just before is dropped: a8 twice in a row; a10 in both
         // files meet, equal keys write line 2 and line 1 then repeats it. The a8 at the end of
         // input 2 is no neighbour of the first and stays.
-        {LogText({a8, a8, a10}), LogText({b9, a10, a8}), LogText({a8, b9, a10, a8}), "3 3 4 duplicates"},
+        {Lines({a8, a8, a10}), Lines({b9, a10, a8}), Lines({a8, b9, a10, a8}), "3 3 4 duplicates"},
         // An empty second input: the first without its repeats and empty lines.
-        {LogText({a8, a8, "", a9}), "", LogText({a8, a9}), "4 0 2 duplicates"},
+        {Lines({a8, a8, "", a9}), "", Lines({a8, a9}), "4 0 2 duplicates"},
         // A file merged with itself gives each line once.
-        {LogText({a8, b9, a10}), LogText({a8, b9, a10}), LogText({a8, b9, a10}), "3 3 3 duplicates"},
+        {Lines({a8, b9, a10}), Lines({a8, b9, a10}), Lines({a8, b9, a10}), "3 3 3 duplicates"},
         // Behind its third comma the line has only a blank: no order against b9 exists, and the line
         // goes out as soon as it is in hand. Both keys empty: line 1 first.
-        {LogText({a8, noKey, a10}), LogText({b9}), LogText({a8, noKey, b9, a10}), "3 1 4"},
-        {LogText({"a, b, c,"}), LogText({"d, e, f, "}), LogText({"a, b, c,", "d, e, f, "}), "1 1 2"},
+        {Lines({a8, noKey, a10}), Lines({b9}), Lines({a8, noKey, b9, a10}), "3 1 4"},
+        {Lines({"a, b, c,"}), Lines({"d, e, f, "}), Lines({"a, b, c,", "d, e, f, "}), "1 1 2"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.in1 + "and\n" + c.in2);
@@ -113,30 +100,24 @@ TEST_F(MergeTwoFilesTest, EachCaseComesOutAsTheRulesOrderTheLines)
 
 TEST(LogSortOptionsTest, AThirdWordCountsOnlyWithAFourthBehindIt)
 {
-    struct Case
-    {
-        const char* text;
-        std::array<const char*, 4> words;
-        const char* remainder;
-        bool ignore, close, help;
-    } cases[] = {
-        {"/i /c", {"/i", "", "", ""}, "/c", true, true, false},
+    // Each text with its four words and remainder, "|" between them, and the switches it sets:
+    // i(gnore errors), c(lose when done), h(elp).
+    const std::pair<const char*, const char*> cases[] = {
+        {"/i /c", "/i||||/c ic"},
         // The remainder "c" is the switch to close.
-        {"a b c", {"a", "b", "", ""}, "c", false, true, false},
-        {"a b c d", {"a", "b", "c", "d"}, "c d", false, false, false},
-        {"  /?  ", {"", "", "", ""}, "/?", false, false, true},
-        {"i   C", {"i", "", "", ""}, "C", true, true, false},
+        {"a b c", "a|b|||c c"},
+        {"a b c d", "a|b|c|d|c d "},
+        {"  /?  ", "||||/? h"},
+        {"i   C", "i||||C ic"},
         // The switches are not looked for in words 3 and 4.
-        {"a b c /i", {"a", "b", "c", "/i"}, "c /i", false, false, false},
+        {"a b c /i", "a|b|c|/i|c /i "},
     };
-    for (const Case& c : cases) {
-        const LogSortOptions o = ParseLogSortOptions(c.text);
-        for (int i = 0; i < 4; ++i)
-            EXPECT_EQ(o.words[i], c.words[static_cast<size_t>(i)]) << c.text << " word " << i + 1;
-        EXPECT_EQ(o.remainder, c.remainder) << c.text;
-        EXPECT_EQ(o.ignoreErrors, c.ignore) << c.text;
-        EXPECT_EQ(o.closeWhenDone, c.close) << c.text;
-        EXPECT_EQ(o.help, c.help) << c.text;
+    for (const auto& [text, expected] : cases) {
+        const LogSortOptions o = ParseLogSortOptions(text);
+        EXPECT_EQ(o.words[0] + "|" + o.words[1] + "|" + o.words[2] + "|" + o.words[3] + "|" + o.remainder + " " +
+                      (o.ignoreErrors ? "i" : "") + (o.closeWhenDone ? "c" : "") + (o.help ? "h" : ""),
+                  expected)
+            << text;
     }
 }
 
@@ -168,7 +149,7 @@ private:
     headless::FaultyDisk& disk_;
 };
 
-class NetworkMerge : public StationTest
+class NetworkMerge : public ScenarioTest
 {
 protected:
     NetworkMerge() : files(backend_->realFiles)
@@ -186,13 +167,6 @@ protected:
 
     std::string station(const std::string& name) const { return stations_.path() + "/" + name; }
     std::string stationFile(const std::string& name) const { return ReadTextFile(station(name)); }
-    std::vector<std::string> prompts()
-    {
-        std::vector<std::string> p;
-        for (const auto& m : ui().messages())
-            p.push_back(m.prompt);
-        return p;
-    }
     // No journal and no output of a merge is left in the server's directory.
     void expectNoLeftovers()
     {
@@ -208,21 +182,21 @@ protected:
 
 TEST_F(NetworkMerge, EachReachableStationIsMergedInTurnAndDrainedIntoItsHistory)
 {
-    write("log.txt", LogText({s1, s2}));
+    write("log.txt", Lines({s1, s2}));
     write("logbak1.txt", "bak1\r\n");
-    WriteTextFile(station("st1/Log.txt"), LogText({a8, a9}));
+    WriteTextFile(station("st1/Log.txt"), Lines({a8, a9}));
     WriteTextFile(station("st1/LogHist.txt"), "old\r\n");
     // The station's log under another spelling, its last line cut short.
-    WriteTextFile(station("st2/LOG.TXT"), LogText({b830}) + b930);
+    WriteTextFile(station("st2/LOG.TXT"), Lines({b830}) + b930);
     RunLogMerge(*app_);
 
     // st1 first: s1 (03-14) < a8; s2 (08:15) >= a8 (08:00); s2 < a9. Then st2 into that.
-    EXPECT_EQ(read("log1.txt"), LogText({s1, a8, s2, a9}));
-    EXPECT_EQ(read("log.txt"), LogText({s1, a8, s2, b830, a9, b930}));
-    EXPECT_EQ(read("logbak1.txt"), LogText({s1, s2}));
+    EXPECT_EQ(read("log1.txt"), Lines({s1, a8, s2, a9}));
+    EXPECT_EQ(read("log.txt"), Lines({s1, a8, s2, b830, a9, b930}));
+    EXPECT_EQ(read("logbak1.txt"), Lines({s1, s2}));
     EXPECT_EQ(read("logbak2.txt"), "bak1\r\n");
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + LogText({a8, a9}));
-    EXPECT_EQ(stationFile("st2/LogHist.txt"), LogText({b830, b930}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + Lines({a8, a9}));
+    EXPECT_EQ(stationFile("st2/LogHist.txt"), Lines({b830, b930}));
     EXPECT_FALSE(FileExists(station("st1/Log.txt")));
     EXPECT_FALSE(FileExists(station("st2/LOG.TXT")));
     EXPECT_EQ(stationFile("st3/ZANDOLT.INI"), "");
@@ -234,15 +208,15 @@ TEST_F(NetworkMerge, EachReachableStationIsMergedInTurnAndDrainedIntoItsHistory)
 TEST_F(NetworkMerge, WithoutAServerLogTheFirstStationsLogIsTakenAsItStands)
 {
     app_->LogSortDefaults = "/c";
-    WriteTextFile(station("st1/Log.txt"), LogText({a8, a8, a9}));
-    WriteTextFile(station("st2/Log.txt"), LogText({b830, b930}));
+    WriteTextFile(station("st1/Log.txt"), Lines({a8, a8, a9}));
+    WriteTextFile(station("st2/Log.txt"), Lines({b830, b930}));
     RunLogMerge(*app_);
 
     // The copy keeps the repeated line; the merge with st2 drops it as a neighbour.
-    EXPECT_EQ(read("log1.txt"), LogText({a8, a8, a9}));
-    EXPECT_EQ(read("log.txt"), LogText({a8, b830, a9, b930}));
+    EXPECT_EQ(read("log1.txt"), Lines({a8, a8, a9}));
+    EXPECT_EQ(read("log.txt"), Lines({a8, b830, a9, b930}));
     EXPECT_FALSE(exists("logbak1.txt"));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8, a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), Lines({a8, a8, a9}));
     // Without "/i" each station out of reach is named: empty, missing, and one of folders only.
     const std::string after = " can not be accessed.  Please check the network connections";
     EXPECT_EQ(prompts(), (std::vector<std::string>{station("empty") + after, station("missing") + after,
@@ -253,17 +227,17 @@ TEST_F(NetworkMerge, WithoutAServerLogTheFirstStationsLogIsTakenAsItStands)
 TEST_F(NetworkMerge, AMergeThatWroteNothingRestoresTheOldLogAndLeavesTheStationAlone)
 {
     app_->LogSortDefaults = "/c";
-    write("log.txt", LogText({s1}));
-    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
+    write("log.txt", Lines({s1}));
+    WriteTextFile(station("st1/Log.txt"), Lines({a8}));
     // The output is begun, but its lines cannot be written.
     files.before = [](const std::string& op, const std::string& p) {
         return !(op == "write" && p.ends_with(LogMergeJournal::MergedName));
     };
     RunLogMerge(*app_);
     EXPECT_EQ(prompts().at(0), " The sort did not produce a log.txt file, so will revert to old one.");
-    EXPECT_EQ(read("log.txt"), LogText({s1}));
-    EXPECT_EQ(read("log1.txt"), LogText({s1}));
-    EXPECT_EQ(stationFile("st1/Log.txt"), LogText({a8}));
+    EXPECT_EQ(read("log.txt"), Lines({s1}));
+    EXPECT_EQ(read("log1.txt"), Lines({s1}));
+    EXPECT_EQ(stationFile("st1/Log.txt"), Lines({a8}));
     EXPECT_FALSE(FileExists(station("st1/LogHist.txt")));
     expectNoLeftovers();
 }
@@ -274,13 +248,13 @@ TEST_F(NetworkMerge, WithoutNetListAndWithoutTheFourMountsOnlyTheBackupsRotate)
         if (std::filesystem::exists(mount))
             GTEST_SKIP() << mount << " exists on this machine";
     std::filesystem::remove(path("NetList.txt"));
-    write("log.txt", LogText({s1}));
+    write("log.txt", Lines({s1}));
     write("logbak1.txt", "bak1\r\n");
     app_->LogSortDefaults = "/c";
     RunLogMerge(*app_);
     EXPECT_EQ(read("logbak2.txt"), "bak1\r\n");
-    EXPECT_EQ(read("logbak1.txt"), LogText({s1}));
-    EXPECT_EQ(read("log.txt"), LogText({s1}));
+    EXPECT_EQ(read("logbak1.txt"), Lines({s1}));
+    EXPECT_EQ(read("log.txt"), Lines({s1}));
     EXPECT_FALSE(exists("log1.txt"));
     const std::string after = " can not be accessed.  Please check the network connections";
     EXPECT_EQ(prompts(),
@@ -291,10 +265,10 @@ TEST_F(NetworkMerge, WithoutNetListAndWithoutTheFourMountsOnlyTheBackupsRotate)
 
 TEST_F(NetworkMerge, AnOutputPromisedButNotYetInPlaceIsPutThereAndItsStationOnlyDrained)
 {
-    write("log.txt", LogText({s1}));
+    write("log.txt", Lines({s1}));
     write("." + std::string(LogMergeJournal::MergedName) + ".new.999999.1", "half of an earlier output");
-    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
-    WriteTextFile(station("st2/Log.txt"), LogText({b830}));
+    WriteTextFile(station("st1/Log.txt"), Lines({a8}));
+    WriteTextFile(station("st2/Log.txt"), Lines({b830}));
     // The run stops where the merged output of st1 is promised in the journal but not yet renamed.
     files.before = [](const std::string& op, const std::string& p) {
         return !(op == "rename" && p.ends_with(LogMergeJournal::MergedName));
@@ -302,13 +276,13 @@ TEST_F(NetworkMerge, AnOutputPromisedButNotYetInPlaceIsPutThereAndItsStationOnly
     RunLogMerge(*app_);
     EXPECT_EQ(prompts().at(0), "LogSort stopped: could not rename .log.txt.merged");
     EXPECT_FALSE(exists("log.txt"));
-    EXPECT_EQ(stationFile("st1/Log.txt"), LogText({a8}));
+    EXPECT_EQ(stationFile("st1/Log.txt"), Lines({a8}));
 
     files.before = nullptr;
     RunLogMerge(*app_);
     // a8 once: st1 is drained, not merged again.
-    EXPECT_EQ(read("log.txt"), LogText({s1, a8, b830}));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8}));
+    EXPECT_EQ(read("log.txt"), Lines({s1, a8, b830}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), Lines({a8}));
     EXPECT_FALSE(FileExists(station("st1/Log.txt")));
     EXPECT_FALSE(FileExists(station("st2/Log.txt")));
     expectNoLeftovers();
@@ -317,20 +291,20 @@ TEST_F(NetworkMerge, AnOutputPromisedButNotYetInPlaceIsPutThereAndItsStationOnly
 TEST_F(NetworkMerge, AServerLogRenamedAwayIsBroughtBackBeforeAnythingElse)
 {
     // Stopped between the rename of log.txt to log1.txt and the end of the merge.
-    write("log1.txt", LogText({s1, s2}));
+    write("log1.txt", Lines({s1, s2}));
     write("." + std::string(LogMergeJournal::MergedName) + ".new.999999.1", s1);
-    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
+    WriteTextFile(station("st1/Log.txt"), Lines({a8}));
     RunLogMerge(*app_);
-    EXPECT_EQ(read("logbak1.txt"), LogText({s1, s2}));
-    EXPECT_EQ(read("log.txt"), LogText({s1, a8, s2}));
+    EXPECT_EQ(read("logbak1.txt"), Lines({s1, s2}));
+    EXPECT_EQ(read("log.txt"), Lines({s1, a8, s2}));
     expectNoLeftovers();
 }
 
 TEST_F(NetworkMerge, ADrainCutShortGoesOnWhereTheHistoryEnds)
 {
-    write("log.txt", LogText({s1}));
+    write("log.txt", Lines({s1}));
     WriteTextFile(station("st1/LogHist.txt"), "old\r\n");
-    const std::string taken = LogText({a8}) + a9; // its last line cut short
+    const std::string taken = Lines({a8}) + a9; // its last line cut short
     WriteTextFile(station("st1/Log.txt"), taken);
     files.before = [](const std::string& op, const std::string& p) {
         return !(op == "append" && p.ends_with("LogHist.txt"));
@@ -342,32 +316,32 @@ TEST_F(NetworkMerge, ADrainCutShortGoesOnWhereTheHistoryEnds)
 
     files.before = nullptr;
     RunLogMerge(*app_);
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + LogText({a8, a9}));
-    EXPECT_EQ(read("log.txt"), LogText({s1, a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), "old\r\n" + Lines({a8, a9}));
+    EXPECT_EQ(read("log.txt"), Lines({s1, a8, a9}));
     EXPECT_FALSE(FileExists(station("st1/Log.txt")));
     expectNoLeftovers();
 }
 
 TEST_F(NetworkMerge, AStationThatTestsDuringTheMergeKeepsItsNewLinesForTheNextRun)
 {
-    write("log.txt", LogText({s1}));
-    WriteTextFile(station("st1/Log.txt"), LogText({a8}));
+    write("log.txt", Lines({s1}));
+    WriteTextFile(station("st1/Log.txt"), Lines({a8}));
     bool tested = false;
     files.before = [&](const std::string& op, const std::string& p) {
         if (op == "append" && p.ends_with("LogHist.txt") && !tested) {
             tested = true;
-            WriteTextFile(station("st1/Log.txt"), LogText({a8, a9}));
+            WriteTextFile(station("st1/Log.txt"), Lines({a8, a9}));
         }
         return true;
     };
     RunLogMerge(*app_);
-    EXPECT_EQ(read("log.txt"), LogText({s1, a8}));
-    EXPECT_EQ(stationFile("st1/Log.txt"), LogText({a8, a9}));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8}));
+    EXPECT_EQ(read("log.txt"), Lines({s1, a8}));
+    EXPECT_EQ(stationFile("st1/Log.txt"), Lines({a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), Lines({a8}));
 
     RunLogMerge(*app_);
-    EXPECT_EQ(read("log.txt"), LogText({s1, a8, a9}));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8, a9}));
+    EXPECT_EQ(read("log.txt"), Lines({s1, a8, a9}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), Lines({a8, a9}));
     EXPECT_FALSE(FileExists(station("st1/Log.txt")));
     expectNoLeftovers();
 
@@ -376,18 +350,18 @@ TEST_F(NetworkMerge, AStationThatTestsDuringTheMergeKeepsItsNewLinesForTheNextRu
     const std::string c1 = LogLineAt("Doe, Jane", "03-16-2026", "08:00:00"),
                       c2 = LogLineAt("Doe, Jane", "03-16-2026", "09:00:00"),
                       c3 = LogLineAt("Doe, Jane", "03-16-2026", "10:00:00");
-    WriteTextFile(station("st1/Log.txt"), LogText({c1}));
+    WriteTextFile(station("st1/Log.txt"), Lines({c1}));
     files.before = [&](const std::string& op, const std::string& p) {
         if (op == "append" && p.ends_with("LogHist.txt"))
-            WriteTextFile(station("st1/Log.txt"), LogText({c1, c2}));
+            WriteTextFile(station("st1/Log.txt"), Lines({c1, c2}));
         return true;
     };
     RunLogMerge(*app_);
-    WriteTextFile(station("st1/Log.txt"), LogText({c3}));
+    WriteTextFile(station("st1/Log.txt"), Lines({c3}));
     files.before = nullptr;
     RunLogMerge(*app_);
-    EXPECT_EQ(read("log.txt"), LogText({s1, a8, a9, c1, c3}));
-    EXPECT_EQ(stationFile("st1/LogHist.txt"), LogText({a8, a9, c1, c3}));
+    EXPECT_EQ(read("log.txt"), Lines({s1, a8, a9, c1, c3}));
+    EXPECT_EQ(stationFile("st1/LogHist.txt"), Lines({a8, a9, c1, c3}));
 }
 
 } // namespace

@@ -6,9 +6,7 @@
 #include "automation/names_form.h"
 #include "data/names_file.h"
 #include "station/err_msg_frm.h"
-#include "support/station_fixture.h"
-
-#include <gtest/gtest.h>
+#include "support/scenario.h"
 
 #include <algorithm>
 #include <chrono>
@@ -44,15 +42,13 @@ std::string merged(const std::string& last, const std::string& first, const std:
 }
 
 // Rows under the two header lines a person writes, or under the program's own.
-std::string input(std::initializer_list<std::string> rows, std::string text = "# one\r\n# two\r\n")
+std::string input(const std::vector<std::string>& rows)
 {
-    for (const std::string& r : rows)
-        text += r + "\r\n";
-    return text;
+    return "# one\r\n# two\r\n" + Lines(rows);
 }
-std::string written(std::initializer_list<std::string> rows)
+std::string written(const std::vector<std::string>& rows)
 {
-    return input(rows, std::string(NamesHeaderLine1) + "\r\n" + NamesHeaderLine2 + "\r\n");
+    return Lines({NamesHeaderLine1, NamesHeaderLine2}) + Lines(rows);
 }
 
 class Consolidation : public StationTest

@@ -8,8 +8,6 @@
 #include "station/name_form.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 
 namespace zandolt::testing {
@@ -66,13 +64,7 @@ TEST(ScheduleFile, EachFieldOfALineAsTheGrammarReadsIt)
 
 TEST(ScheduleFile, AReadStopsAtTheFirstBadLineAndBlankLinesAtTheEndGoButTheFirstTwoSlotsStay)
 {
-    struct Case
-    {
-        const char* text;
-        ScheduleReadEnd end;
-        int lastIndex;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, ScheduleReadEnd, int> cases[] = {
         {"Xy 08:00 ex", ScheduleReadEnd::NoDay, 0},
         {"; c\r\nMo 0830 ex\r\nTu 09:00 ex", ScheduleReadEnd::NoTime, 1},
         {"Mo :30 ex", ScheduleReadEnd::NoTime, 0},
@@ -88,11 +80,11 @@ TEST(ScheduleFile, AReadStopsAtTheFirstBadLineAndBlankLinesAtTheEndGoButTheFirst
         // Lines may end in CR alone.
         {"Mo 08:00 ex ALL a\rTu 09:00 ce ALL b\r", ScheduleReadEnd::Whole, 1},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
-        const Read r = read(c.text);
-        EXPECT_EQ(r.end, c.end);
-        EXPECT_EQ(r.table.SchedLastIndex, c.lastIndex);
+    for (const auto& [text, end, lastIndex] : cases) {
+        SCOPED_TRACE(text);
+        const Read r = read(text);
+        EXPECT_EQ(r.end, end);
+        EXPECT_EQ(r.table.SchedLastIndex, lastIndex);
     }
     EXPECT_EQ(read("Mo 08:00 ex ALL a\rTu 09:00 ce ALL b\r").table.Sched[1].SchedKind, 2);
     EXPECT_EQ(read("").table.SchedLastIndex, -1);

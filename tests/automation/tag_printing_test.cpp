@@ -4,8 +4,6 @@
 #include "station/err_msg_frm.h"
 #include "support/station_fixture.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
 namespace zandolt::testing {

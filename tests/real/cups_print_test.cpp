@@ -5,6 +5,7 @@
 // say why and are skipped.
 #include "app.h"
 #include "automation/tag_printing.h"
+#include "child_process.h"
 #include "platform/qt/qt_backend.h"
 #include "reports/disp_form.h"
 #include "reports/report_frame.h"
@@ -25,7 +26,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <optional>
 #include <string>
 
 namespace zandolt::qt {
@@ -35,16 +35,6 @@ bool writeFile(const QString& path, const QByteArray& text)
 {
     QFile f(path);
     return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(text) == text.size();
-}
-
-// Runs a program to its end; its standard output, or nothing when it failed.
-std::optional<QString> run(const QString& program, const QStringList& arguments)
-{
-    QProcess p;
-    p.start(program, arguments);
-    if (!p.waitForFinished(30000) || p.exitStatus() != QProcess::NormalExit || p.exitCode() != 0)
-        return std::nullopt;
-    return QString::fromLocal8Bit(p.readAllStandardOutput());
 }
 
 // A CUPS scheduler of our own with the queue "capture", made the default for this process.
@@ -96,8 +86,9 @@ public:
         qputenv("CUPS_SERVER", r + "/cups.sock");
         qputenv("PRINTER", "capture");
         qputenv("LPDEST", "capture");
-        if (!run("/usr/sbin/lpadmin", {"-p", "capture", "-E", "-v", "capture:/jobs", "-m", "raw"}) ||
-            !run("/usr/sbin/lpadmin", {"-d", "capture"}))
+        if (testing::RunProgram({"/usr/sbin/lpadmin", "-p", "capture", "-E", "-v", "capture:/jobs", "-m", "raw"})
+                .code ||
+            testing::RunProgram({"/usr/sbin/lpadmin", "-d", "capture"}).code)
             return QStringLiteral("lpadmin could not add the queue: ") + readLog();
         return {};
     }
@@ -119,10 +110,11 @@ public:
             return QStringLiteral("[no job %1; default printer \"%2\"; scheduler log: %3]")
                 .arg(n)
                 .arg(QPrinterInfo::defaultPrinterName(), readLog());
+        const std::string file = pdf.toStdString();
         const auto size = QRegularExpression(QStringLiteral("Page size:\\s+([0-9.]+) x ([0-9.]+)"))
-                              .match(run("/usr/bin/pdfinfo", {pdf}).value_or(""));
+                              .match(QString::fromStdString(testing::RunProgram({"/usr/bin/pdfinfo", file}).out));
         *landscape = size.hasMatch() && size.captured(1).toDouble() > size.captured(2).toDouble();
-        return run("/usr/bin/pdftotext", {"-layout", pdf, "-"}).value_or("");
+        return QString::fromStdString(testing::RunProgram({"/usr/bin/pdftotext", "-layout", file, "-"}).out);
     }
     QString readLog()
     {

@@ -7,8 +7,6 @@
 #include "data/text_lines.h"
 #include "support/station_fixture.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

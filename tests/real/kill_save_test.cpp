@@ -5,8 +5,6 @@
 #include "child_process.h"
 #include "support/station_fixture.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

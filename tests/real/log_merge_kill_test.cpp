@@ -6,8 +6,6 @@
 #include "data/text_lines.h"
 #include "support/station_fixture.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <cstdio>
 #include <filesystem>

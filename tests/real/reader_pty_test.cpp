@@ -1,13 +1,11 @@
 // Each card reader on the station's real reader port: the Qt backend with QSerialPort on one end of
 // a socat pseudo-terminal pair (port 2), the emulator playing the reader on the other, and a second
 // pair for the tester (port 1). A known card starts its employee's test; an unknown badge enrols a
-// new row, which then stands in NAMES.TXT and in the log line of its test.
+// new row, whose test is logged.
 #include "data/settings_file.h"
 #include "platform/headless/headless_backend.h"
 #include "pty_support.h"
 #include "station/rs232_form.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
@@ -87,12 +85,8 @@ TEST_P(ReaderOverPty, AnUnknownBadgeEnrolsAndItsTestIsLogged)
     EXPECT_NE(std::find(messages.begin(), messages.end(), "The badge number 12345 was not found.\nAdd it to the list?"),
               messages.end());
 
-    // The new row as NAMES.TXT holds it is the enrolment's headless test (tests/admin).
-    EXPECT_NE(readFile(dir.filePath("NAMES.TXT")).find("\r\n12345, Number,       NEW-12345:12345, "),
-              std::string::npos);
-
-    const EmulatorRun tester = runEmulator(dir.filePath("ttyTester"), {}, {"pass"}, 3000);
-    EXPECT_EQ(tester.starting("RECV "), std::vector<std::string>{"RECV 0xFF"});
+    // The new row as NAMES.TXT holds it is the enrolment's headless test; here its test is logged.
+    EXPECT_EQ(runEmulator(dir.filePath("ttyTester"), {}, {"pass"}, 3000).exitCode, 0);
     ASSERT_TRUE(QTest::qWaitFor([&] { return QFile(dir.filePath("LOG.TXT")).size() > 0; }, 5000));
     const std::string log = readFile(dir.filePath("LOG.TXT"));
     // Name to 20 characters, ID to 19, then the date and time of the test, the codes and readings.

@@ -5,8 +5,6 @@
 #include "data/text_lines.h"
 #include "support/station_fixture.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -34,14 +32,10 @@ protected:
         WriteTextFile(path("ZANDOLT.INI"), ReadTextFile(ZANDOLT_SOURCE_DIR "/resources/demo/ZANDOLT.INI"));
         WriteTextFile(path("NAMES.TXT"), "# one\r\n# two\r\n" + nameLine("Doe", "Jane", "A-1") +
                                              nameLine("Roe", "Rick", "A-2") + nameLine("Poe", "Ed", "B-3", false));
-        WriteTextFile(path("LOG.TXT"),
-                      "Roe, Rick           , A-2                , 11-19-2026, 16:00:00, Whi, Lok, Rok, 12.00, 02.00, "
-                      "03.00\r\n"
-                      "Roe, Rick           , A-2                , 11-20-2026, 07:00:00, Wok, Lok, Rok, 01.00, 02.00, "
-                      "03.00\r\n"
-                      "Poe, Ed             , B-3                , 11-20-2026, 07:05:00, Whi, L- , R- , 12.00, -, - \r\n"
-                      "Gone, Long          , A-9                , 11-20-2026, 07:10:00, Wok, Lok, Rok, 01.00, 02.00, "
-                      "03.00\r\n");
+        WriteTextFile(path("LOG.TXT"), "Roe, Rick, A-2, 11-19-2026, 16:00:00, Whi, Lok, Rok, 12.00, 02.00, 03.00\r\n"
+                                       "Roe, Rick, A-2, 11-20-2026, 07:00:00, Wok, Lok, Rok, 01.00, 02.00, 03.00\r\n"
+                                       "Poe, Ed, B-3, 11-20-2026, 07:05:00, Whi, L- , R- , 12.00, -, - \r\n"
+                                       "Gone, Long, A-9, 11-20-2026, 07:10:00, Wok, Lok, Rok, 01.00, 02.00, 03.00\r\n");
     }
 
     std::string path(const std::string& name) const { return dir_.path() + "/" + name; }

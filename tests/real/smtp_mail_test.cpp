@@ -8,8 +8,6 @@
 #include "platform/system/smtp_mail.h"
 #include "support/station_fixture.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -206,36 +204,26 @@ TEST_F(RealMail, EveryKindOfMailFailureStopsTheRunnerWithItsMessage)
     SmtpServer abrupt({"--abrupt"});
     ASSERT_GT(abrupt.port, 0);
     const int nobody = SmtpServer({"--abrupt"}).port; // a port that no one listens on any more
-    struct Case
-    {
-        const char* what;
-        std::function<void()> stage;
-        std::function<void()> act;
-        std::string message;
-    };
-    const Case cases[] = {
-        {"the login is refused", [&] { mailIni(server_->port, "wrong"); }, [&] { send(1); },
-         " Error1 sending email to qa@site.example"},
-        {"the server refuses the first recipient", [&] { mailIni(server_->port, "s3cret"); },
-         [&] { send(1, "refused@site.example;qa@site.example"); }, " Error1 sending email to refused@site.example"},
-        {"an address would break its header", [] {}, [&] { send(1, "qa@site.example>x"); },
-         " Error1 sending email to qa@site.example>x"},
-        {"two \";\" in a row make an empty address", [] {}, [&] { send(1, "qa@site.example;;x@site.example"); },
+    const std::string toQa = " Error1 sending email to qa@site.example";
+    const std::tuple<const char*, std::function<void()>, std::string> cases[] = {
+        {"the login is refused", [&] { mailIni(server_->port, "wrong"), send(1); }, toQa},
+        {"the server refuses the first recipient",
+         [&] { mailIni(server_->port, "s3cret"), send(1, "refused@site.example;qa@site.example"); },
+         " Error1 sending email to refused@site.example"},
+        {"an address would break its header", [&] { send(1, "qa@site.example>x"); }, toQa + ">x"},
+        {"two \";\" in a row make an empty address", [&] { send(1, "qa@site.example;;x@site.example"); },
          " Error1 sending email to "},
-        {"the report cannot be read", [] {}, [&] { form().SendEmailTo("qa@site.example", site("NONE.TXT"), csv); },
+        {"the report cannot be read", [&] { form().SendEmailTo("qa@site.example", site("NONE.TXT"), csv); },
          " Error opening (while sending email) the file " + site("NONE.TXT")},
-        {"the .csv file does not exist", [] {}, [&] { send(2); }, " Error1 sending email to qa@site.example"},
-        {"the server is down", [&] { mailIni(nobody, "s3cret"); }, [&] { send(1); },
-         " Error1 sending email to qa@site.example"},
-        {"the server hangs up in the middle of the message", [&] { mailIni(abrupt.port, "", false); }, [&] { send(1); },
-         " Error1 sending email to qa@site.example"},
+        {"the .csv file does not exist", [&] { send(2); }, toQa},
+        {"the server is down", [&] { mailIni(nobody, "s3cret"), send(1); }, toQa},
+        {"the server hangs up in the middle of the message", [&] { mailIni(abrupt.port, "", false), send(1); }, toQa},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, act, message] : cases) {
+        SCOPED_TRACE(what);
         form().StopRequested = 0;
-        c.stage();
-        c.act();
-        EXPECT_EQ(backend_.ui.messages().back().prompt, c.message);
+        act();
+        EXPECT_EQ(backend_.ui.messages().back().prompt, message);
         EXPECT_EQ(form().StopRequested, True);
     }
     // Only the address in front of the empty one got its report.

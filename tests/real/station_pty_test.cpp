@@ -1,16 +1,11 @@
 // The station on its real serial path: the Qt backend with QSerialPort on one end of a socat
-// pseudo-terminal pair, the tester emulator process on the other. An employee is picked from the
-// list as at the station, the emulator presses the button, and the verdict on the screen, the
-// answer byte the emulator receives and the line in LOG.TXT are checked. The verdict of each kind
-// of message, and its answer byte, are the headless tests' (tests/station, tests/scenarios); here
-// the real link carries a pass and runs out its receive window.
+// pseudo-terminal pair, the tester emulator on the other. Jane is picked from the list, the emulator
+// sends a pass or a message cut short, and the byte it receives and the line in LOG.TXT are checked;
+// what each kind of message shows on the screen is the headless tests'.
 #include "pty_support.h"
 #include "station/rs232_form.h"
-#include "support/pass_readings.h"
 
 #include <QListWidget>
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -95,12 +90,6 @@ TEST_F(StationOverPty, APassingMessageIsAnsweredWithFFAndLogged)
               std::vector<std::string>{"SENT W=03.50M=OK, L=12.00M=OK, R=11.20M=OK, 00.75M<W<10.00M, 00.75M<F<99.98M"});
     EXPECT_EQ(run.starting("RECV "), std::vector<std::string>{"RECV 0xFF"});
     EXPECT_EQ(rest, ", Wok, Lok, Rok, 03.50, 12.00, 11.20");
-
-    EXPECT_EQ(app->ResultCode, 0);
-    // Her limits are the tester's, shown on the real window with the remark on her feet.
-    testing::ExpectPassReadingsShown(app->rs232Form());
-    EXPECT_TRUE(app->rs232Form().OtherStrapLabel.visible());
-    EXPECT_EQ(app->rs232Form().OtherStrapLabel.caption(), "Foot Straps are good also.");
 }
 
 TEST_F(StationOverPty, AShortMessageEndsWithTheReceiveWindowAsACommunicationFailure)
@@ -113,9 +102,6 @@ TEST_F(StationOverPty, AShortMessageEndsWithTheReceiveWindowAsACommunicationFail
     EXPECT_TRUE(run.starting("RECV ").empty());
     EXPECT_EQ(run.starting("NO ANSWER"), std::vector<std::string>{"NO ANSWER within 3000 ms"});
     EXPECT_EQ(rest, ", ComFail,  *,  *,  *,  *,  *,  *");
-
-    EXPECT_EQ(app->ResultCode, 16);
-    EXPECT_EQ(app->ProblemBits, 128);
 }
 
 } // namespace

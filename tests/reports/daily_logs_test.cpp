@@ -3,18 +3,12 @@
 
 #include "reports/report_test_site.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
 namespace zandolt::testing {
 namespace {
 
 const std::string kLongName = "Abcdefghijklmnopqrst, Uvwxyzabcdefghijklmn";
-// The name and ID columns of the text lines.
-const std::string kDoe = " Doe, Jane" + Blanks(25) + "A-1 ";
-const std::string kPoe = " Poe, Edgar" + Blanks(24) + "A-3 ";
-const std::string kLong = " Abcdefghijklmnopq, Uvwxyzabc A-123456 ";
 
 class DailyLogTest : public ReportSiteRows
 {
@@ -46,12 +40,12 @@ TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAFailedLogL
                                         kDoe + ", 3/15/2026,  08:02:10, W- , Lhi, Rok,      -, 100.00, 07.89",
                                         kPoe + ", 3/15/2026,  08:03:40, Com,  * ,  * ,      *,      *,  *,  *",
                                         kLong + ", 3/15/2026,  08:05:00, Wok, Lok, Rok, 1000.00,  00.80, 01.00"}));
-    EXPECT_EQ(
-        read("DAILY.CSV"),
-        Lines({"Doe, Jane           , A-1                , 3/15/2026,  08:01:02, Wok, Lok, Rok, 01.23, 04.56, 07.89",
-               "Doe, Jane           , A-1                , 3/15/2026,  08:02:10, W- , Lhi, Rok, -, 100.00, 07.89",
-               "Poe, Edgar          , A-3                , 3/15/2026,  08:03:40, ComFail,  *,  *,  *,  *,  *,  *",
-               kLongName + ", A-123456           , 3/15/2026,  08:05:00, Wok, Lok, Rok, 1000.00, 00.80, 01.00"}));
+    // The CSV keeps the log's columns, the date written short and followed by two blanks.
+    EXPECT_EQ(read("DAILY.CSV"),
+              LoggedLine("Doe, Jane", "A-1", "3/15/2026,  08:01:02, Wok, Lok, Rok, 01.23, 04.56, 07.89") +
+                  LoggedLine("Doe, Jane", "A-1", "3/15/2026,  08:02:10, W- , Lhi, Rok, -, 100.00, 07.89") +
+                  LoggedLine("Poe, Edgar", "A-3", "3/15/2026,  08:03:40, ComFail,  *,  *,  *,  *,  *,  *") +
+                  LoggedLine(kLongName, "A-123456", "3/15/2026,  08:05:00, Wok, Lok, Rok, 1000.00, 00.80, 01.00"));
     EXPECT_TRUE(prompts().empty());
     EXPECT_FALSE(backend_->ui.busy());
 
@@ -76,8 +70,8 @@ TEST_F(DailyLogTest, TheDaysLinesOfTheGroupInColumnsAndAsTheyStandAndAFailedLogL
     EXPECT_EQ(prompts(), (std::vector<std::string>{" Error opening Log file to read for daily report",
                                                    " Error Generating Daily Log"}));
     EXPECT_EQ(read("DAILY.TXT"), Lines({kDoe + ", 3/15/2026,  08:01:02, Wok, Lok, Rok,  01.23,  04.56, 07.89"}));
-    EXPECT_EQ(read("DAILY.CSV"), Lines({"Doe, Jane           , A-1                , 3/15/2026,  08:01:02, Wok, Lok, "
-                                        "Rok, 01.23, 04.56, 07.89"}));
+    EXPECT_EQ(read("DAILY.CSV"),
+              LoggedLine("Doe, Jane", "A-1", "3/15/2026,  08:01:02, Wok, Lok, Rok, 01.23, 04.56, 07.89"));
     EXPECT_FALSE(backend_->ui.busy());
 }
 
@@ -109,22 +103,17 @@ TEST_F(IndividualLogTest, TheRangeOfOneNameWithCaseWhateverTheIdOrOfEveryone)
                                         " Doe, Jane" + Blanks(25) +
                                             "B-7 , 3/15/2026,  10:03:00, Wok, Lok, Rok,  "
                                             "01.00,  01.00, 01.00"}));
-    EXPECT_EQ(read("INDIV.CSV"),
-              Lines({"Doe, Jane           , A-1                , 3/14/2026,  10:00:00, Wok, L- , R- , 00.90, -, - ",
-                     "Doe, Jane           , B-7                , 3/15/2026,  10:03:00, Wok, Lok, Rok, 01.00, 01.00, "
-                     "01.00"}));
+    const std::string janeA1 = LoggedLine("Doe, Jane", "A-1", "3/14/2026,  10:00:00, Wok, L- , R- , 00.90, -, - "),
+                      janeB7 =
+                          LoggedLine("Doe, Jane", "B-7", "3/15/2026,  10:03:00, Wok, Lok, Rok, 01.00, 01.00, 01.00");
+    EXPECT_EQ(read("INDIV.CSV"), janeA1 + janeB7);
 
     // Everyone, in file order, up to the first line after the range.
     app_->ReportEmployeeName.clear();
     EXPECT_EQ(GenerateIndividualLog(*app_), ReportOutcome::Done);
     EXPECT_EQ(read("INDIV.CSV"),
-              Lines({"Doe, Jane           , A-1                , 3/14/2026,  10:00:00, Wok, L- , R- , 00.90, -, - ",
-                     "doe, jane           , A-1                , 3/14/2026,  10:01:00, Wlo, Lok, Rok, 00.50, 01.00, "
-                     "01.00",
-                     "Roe, Rick           , B-2                , 3/15/2026,  10:02:00, Wok, Lok, Rok, 01.00, 01.00, "
-                     "01.00",
-                     "Doe, Jane           , B-7                , 3/15/2026,  10:03:00, Wok, Lok, Rok, 01.00, 01.00, "
-                     "01.00"}));
+              janeA1 + LoggedLine("doe, jane", "A-1", "3/14/2026,  10:01:00, Wlo, Lok, Rok, 00.50, 01.00, 01.00") +
+                  LoggedLine("Roe, Rick", "B-2", "3/15/2026,  10:02:00, Wok, Lok, Rok, 01.00, 01.00, 01.00") + janeB7);
     const std::string text = read("INDIV.TXT");
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4);
 }

@@ -1,7 +1,6 @@
 // The two exception reports on small sites whose files are worked out from the rules.
 #include "reports/exception_reports.h"
 
-#include "data/dates.h"
 #include "reports/report_test_site.h"
 
 namespace zandolt {

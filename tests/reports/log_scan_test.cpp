@@ -3,8 +3,6 @@
 
 #include "reports/report_test_site.h"
 
-#include <gtest/gtest.h>
-
 #include <vector>
 
 namespace zandolt {

@@ -8,12 +8,10 @@
 #include "station/name_form.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 namespace zandolt::testing {
 namespace {
 
-using Lines = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
 class ReportFrame : public ScenarioTest
 {
@@ -42,9 +40,9 @@ protected:
     DispForm& viewer() { return app_->dispForm(); }
     headless::CapturedPrinter& printer() { return backend_->printer; }
     // The lines of the printed documents, one text per document.
-    Lines printed()
+    Texts printed()
     {
-        Lines docs;
+        Texts docs;
         for (const auto& d : printer().documents()) {
             std::string text;
             for (const auto& l : d.lines)
@@ -70,8 +68,8 @@ protected:
         ui().answerInputBox("work group", group);
     }
 
-    Lines seen;
-    Lines chooserItems;
+    Texts seen;
+    Texts chooserItems;
 };
 
 TEST_F(ReportFrame, TypedDatesAreRepairedForDayFirstDesktopsAndMovedACenturyOn)
@@ -91,7 +89,7 @@ TEST_F(ReportFrame, DateMonthAndWorkGroupPromptsDecideWhetherTheReportRunsAndFor
     ui().answerInputBox("work group", "A");
     ReportHandler(*app_, report_kinds::Certification, generator("CERTIF.TXT"));
     // 30 reads as 1930, more than 30 years back: 2 January 2030.
-    ASSERT_EQ(seen, Lines{"0|" + std::to_string(DateSerial(2030, 1, 2)) + "|A||-1"});
+    ASSERT_EQ(seen, Texts{"0|" + std::to_string(DateSerial(2030, 1, 2)) + "|A||-1"});
     EXPECT_EQ(ui().journal().front(), "input Please enter the date of the day to generate a report for ");
 
     ui().answerInputBox("starting date", "no date");
@@ -129,8 +127,8 @@ TEST_F(ReportFrame, DateMonthAndWorkGroupPromptsDecideWhetherTheReportRunsAndFor
     answerMonthAndGroup("3", " ");
     chooseEntry(1);
     ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
-    EXPECT_EQ(chooserItems, (Lines{"adams, Bo", "Baker, Cy", "Zeta, Al"}));
-    EXPECT_EQ(seen, (Lines{"13|0|A||-1", "3|0||Baker, Cy|2"}));
+    EXPECT_EQ(chooserItems, (Texts{"adams, Bo", "Baker, Cy", "Zeta, Al"}));
+    EXPECT_EQ(seen, (Texts{"13|0|A||-1", "3|0||Baker, Cy|2"}));
     EXPECT_EQ(ui().modals().size(), 1u);
 
     // OK with nothing chosen means all; Cancel ends the report.
@@ -195,7 +193,7 @@ TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewerAndPrintingPri
     const size_t messages = ui().messages().size();
     viewer().PrintBut.userClick();
     EXPECT_EQ(ui().messages().size(), messages);
-    EXPECT_EQ(printed(), (Lines{"||T||b|c||", "||T||b|c||"}));
+    EXPECT_EQ(printed(), (Texts{"||T||b|c||", "||T||b|c||"}));
 }
 
 TEST_F(ReportFrame, PrintMonthlyPrintsTheReportInLandscapeOncePerCopyOrSaysWhatFailed)
@@ -203,7 +201,7 @@ TEST_F(ReportFrame, PrintMonthlyPrintsTheReportInLandscapeOncePerCopyOrSaysWhatF
     answerMonthAndGroup("11", "A");
     printer().dialogCopies = 2;
     PrintReportHandler(*app_, generator("REPORT.TXT"));
-    EXPECT_EQ(printed(), (Lines{"line 1|line 2|", "line 1|line 2|"}));
+    EXPECT_EQ(printed(), (Texts{"line 1|line 2|", "line 1|line 2|"}));
     EXPECT_TRUE(printer().documents()[0].landscape);
     EXPECT_EQ(printer().documents()[0].fontName, "Courier");
     EXPECT_EQ(printer().documents()[0].fontSize, 9);
@@ -258,7 +256,7 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
     EXPECT_FALSE(allEnabled);
     EXPECT_EQ(help, "Click on the arrow and select an Employee.");
     EXPECT_EQ(chosen, "adams, Bo");
-    EXPECT_EQ(seen, Lines{"adams, Bo|1"});
+    EXPECT_EQ(seen, Texts{"adams, Bo|1"});
     EXPECT_FALSE(viewer().loaded());
 
     ui().onModal("IndividualEmployeeSelectionForm",
@@ -267,7 +265,8 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
     EXPECT_EQ(seen.size(), 1u);
 }
 
-// The entries whose generators are part of the station, through the main window's menu.
+// The entries whose generators are part of the station, through the main window's menu (Print
+// Monthly's in the failed report; what it prints is the handler's test above).
 using ReportMenu = ReportFrame;
 
 TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
@@ -284,6 +283,8 @@ TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
     answerMonthAndGroup("11", "A");
     printer().dialogCopies = 1;
     main.mnuPrintReport.userClick();
+    const Texts said = prompts();
+    EXPECT_EQ(std::count(said.begin(), said.end(), " Error opening Log file to read"), 2);
     EXPECT_TRUE(printer().documents().empty());
     EXPECT_EQ(read("REPORT.TXT"), "old report\r\n");
     // The daily log opens its two files before the log, so they are new and empty: the viewer shows
@@ -297,7 +298,7 @@ TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
     EXPECT_EQ(viewer().TextBox1.text(), std::string(LogColumnsHeading) + "\r\n");
 }
 
-TEST_F(ReportMenu, EveryEntryShowsItsFileUnderItsTitleWithItsBatchFileAndPrintMonthlyPrintsTheReport)
+TEST_F(ReportMenu, EveryEntryShowsItsFileUnderItsTitleWithItsBatchFile)
 {
     write("LOG.TXT", "Baker, Cy           , A-2                , 11-20-2026, 07:31:02, Wok, Lok, Rok, 1.5, 12, 11\r\n");
     // The site's batch file of the monthly report, spelt otherwise than the hook's name.
@@ -361,15 +362,6 @@ TEST_F(ReportMenu, EveryEntryShowsItsFileUnderItsTitleWithItsBatchFileAndPrintMo
     viewer().CloseBut.userClick();
     EXPECT_FALSE(viewer().loaded());
     EXPECT_EQ(app_->ReportMacroName, "");
-
-    answerMonthAndGroup("11", "A");
-    main.mnuPrintReport.userClick();
-    ASSERT_EQ(printer().documents().size(), 1u);
-    std::string printedText;
-    for (const std::string& line : printer().documents()[0].lines)
-        printedText += line + "\r\n";
-    EXPECT_EQ(printedText, read("REPORT.TXT"));
-    EXPECT_NE(printedText.find("Baker"), std::string::npos);
 }
 
 } // namespace

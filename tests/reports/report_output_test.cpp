@@ -8,9 +8,6 @@
 #include "reports/monthly_report.h"
 #include "reports/report_test_site.h"
 #include "reports/vacation_report.h"
-#include "support/station_fixture.h"
-
-#include <gtest/gtest.h>
 
 #include <functional>
 

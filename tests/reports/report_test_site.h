@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <map>
 #include <string>
 #include <tuple>
@@ -39,16 +38,23 @@ protected:
     }
     void log(const std::vector<std::string>& lines, const std::string& unended = "")
     {
-        std::string text;
-        for (const std::string& l : lines)
-            text += l + "\r\n";
-        write("LOG.TXT", text + unended);
+        write("LOG.TXT", Lines(lines) + unended);
     }
     void now(int year, int month, int day, int hour, int minute, int second)
     {
         backend_->clock.setNow(DateTime{year, month, day, hour, minute, second, 0});
     }
 };
+
+inline std::string Blanks(size_t n)
+{
+    return std::string(n, ' ');
+}
+
+// The name and ID column of a text row for the employees many tests have: a blank, the name, blanks to
+// 35 less the ID's length, the ID and a blank. The long one, of 48 characters, is cut to 9 and 34 - 9 - 8.
+inline const std::string kDoe = " Doe, Jane" + Blanks(25) + "A-1 ", kRoe = " Roe, Rick" + Blanks(25) + "B-2 ",
+                         kPoe = " Poe, Edgar" + Blanks(24) + "A-3 ", kLong = " Abcdefghijklmnopq, Uvwxyzabc A-123456 ";
 
 // An attendance string with the given letters at days of the year (1 = 1 January).
 inline std::string AttendanceWith(const std::map<int, char>& letters)
@@ -108,20 +114,6 @@ protected:
         a.Attendance[row] = e.attendance;
     }
 };
-
-inline std::string Blanks(size_t n)
-{
-    return std::string(n, ' ');
-}
-
-// Text lines, each ended as the reports end them.
-inline std::string Lines(std::initializer_list<std::string> lines)
-{
-    std::string out;
-    for (const auto& l : lines)
-        out += l + "\r\n";
-    return out;
-}
 
 // A log line as the station writes it: name and ID padded to their columns, then the rest.
 inline std::string LoggedLine(const std::string& name, const std::string& id, const std::string& rest)

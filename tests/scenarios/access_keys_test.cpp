@@ -25,8 +25,6 @@
 #include "station/sim_form.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <cctype>
 #include <map>
 
@@ -63,9 +61,7 @@ void CheckMenuLevel(const std::string& where, const std::vector<MenuItem*>& item
     Report(level, where, clashes);
 }
 
-class AccessKeys : public ScenarioTest
-{
-};
+using AccessKeys = ScenarioTest;
 
 TEST_F(AccessKeys, NoWindowHasTwoControlsOrMenuEntriesOnOneKey)
 {

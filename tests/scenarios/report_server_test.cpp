@@ -5,8 +5,6 @@
 #include "data/settings_file.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -185,11 +183,8 @@ TEST_F(ReportServer, TheSiteDataJobsMergeTheLogsAndKeepTheNamesInStep)
     const std::string test = "Doe, Jane           , 4711               , 11-23-2026, 07:00:00, Wok, Lok, Rok, 01.00, "
                              "02.00, 03.00";
     WriteTextFile(station.path() + "/Log.txt", test + "\r\n");
-    Employee rick;
-    rick.last = "Roe";
-    rick.first = "Rick";
-    rick.id = "4712";
-    WriteTextFile(station.path() + "/Names.txt", "# header 1\r\n# header 2\r\n" + NamesLine(rick) + "\r\n");
+    WriteTextFile(station.path() + "/Names.txt",
+                  "# header 1\r\n# header 2\r\n" + NamesLine({.last = "Roe", .first = "Rick", .id = "4712"}) + "\r\n");
     // A time of its own: written in the same moment as the server's file, it would pass for the copy
     // that distribution leaves, and be passed over.
     std::filesystem::last_write_time(station.path() + "/Names.txt",

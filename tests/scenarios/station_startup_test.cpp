@@ -4,8 +4,6 @@
 #include "station/name_form.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
 
 namespace zandolt::testing {

@@ -7,8 +7,6 @@
 #include "support/pass_readings.h"
 #include "support/scenario.h"
 
-#include <gtest/gtest.h>
-
 namespace zandolt::testing {
 namespace {
 
@@ -82,37 +80,28 @@ TEST_F(TestVisit, AFailureFlashesTheCartoonAndTheRetryThatPassesIsLoggedToo)
     EXPECT_EQ(window().InsTitleLabel.caption(), "OK");
     EXPECT_EQ(logLines(), (std::vector<std::string>{Jane + "08:00:05, Wlo, Lok, Rok, 00.50, 12.00, 11.20",
                                                     Jane + "08:00:07, Wok, Lok, Rok, 03.50, 12.00, 11.20"}));
-    ui().advance(5100);
-    EXPECT_FALSE(testWindowOpen());
 }
 
-TEST_F(TestVisit, TheWindowClosesThirtySecondsAfterItOpensTenAfterAFailureAndFiveAfterAPass)
+TEST_F(TestVisit, TheWindowClosesThirtySecondsAfterItOpensTenAfterAFailureAndFiveAfterAPassOrWithNoRetestTimeAtCancel)
 {
-    const struct
-    {
-        std::string message;
-        int openMs;
-    } visits[] = {{"", 30000}, {TesterMessage(0.5f, 12, 11.2f, "LO"), 10000}, {PassMessage(), 5000}};
+    const std::pair<std::string, int> visits[] = {
+        {"", 30000}, {TesterMessage(0.5f, 12, 11.2f, "LO"), 10000}, {PassMessage(), 5000}};
     startStation();
     size_t logged = 0;
-    for (const auto& v : visits) {
+    for (const auto& [message, openMs] : visits) {
         pickName(0);
-        if (!v.message.empty())
-            tester(v.message);
-        ui().advance(v.openMs - 100);
-        EXPECT_TRUE(testWindowOpen()) << v.openMs;
+        if (!message.empty())
+            tester(message);
+        ui().advance(openMs - 100);
+        EXPECT_TRUE(testWindowOpen()) << openMs;
         ui().advance(200);
-        EXPECT_FALSE(testWindowOpen()) << v.openMs;
-        logged += v.message.empty() ? 0 : 1;
+        EXPECT_FALSE(testWindowOpen()) << openMs;
+        logged += message.empty() ? 0 : 1;
         EXPECT_EQ(logLines().size(), logged);
         EXPECT_EQ(exists("LOG.TXT"), logged > 0);
     }
-}
-
-TEST_F(TestVisit, WithNoRetestTimeTheWindowStaysAfterAPassUntilCancel)
-{
-    writeSettings([](Settings& s) { s.SecondsToRetest = 0; });
-    openTestWindow();
+    app_->SecondsToRetest = 0;
+    pickName(0);
     tester(PassMessage());
     ui().advance(60000);
     EXPECT_TRUE(testWindowOpen());
@@ -214,6 +203,86 @@ TEST_F(TestVisit, ALogFileHeldOrBrokenOffIsWrittenWholeAndOneThatNeverOpensIsTol
     EXPECT_EQ(prompts(), std::vector<std::string>{" Error opening Log file.  It may be in use. Please try again."});
     EXPECT_EQ(logLines().size(), 3u);
     EXPECT_EQ(window().InsTitleLabel.caption(), "OK");
+}
+
+// How the station collects the tester's message from the pieces the port gives.
+using TesterFraming = TestVisit;
+
+TEST_F(TesterFraming, NoiseInItsOwnReadIsThrownAwayAndSeventyOneCharactersAfterItAreJudgedAtOnce)
+{
+    openTestWindow();
+    tester("\x05x");
+    EXPECT_EQ(app_->TesterText, "");
+    tester(PassMessage());
+    EXPECT_EQ(logLines().size(), 1u);
+    EXPECT_FALSE(ui().timerRunning(window().Timer1));
+}
+
+TEST_F(TesterFraming, AMessageInPiecesIsJudgedWithItsLastCharacter)
+{
+    openTestWindow();
+    const std::string m = PassMessage();
+    tester(m.substr(0, 30));
+    EXPECT_TRUE(window().Timer1.enabled());
+    ui().advance(500);
+    tester(m.substr(30, 40));
+    EXPECT_TRUE(logLines().empty());
+    ui().advance(500);
+    tester(m.substr(70));
+    EXPECT_EQ(logLines().size(), 1u);
+    EXPECT_EQ(logLines()[0].substr(65, 3), "Wok"); // columns 66 to 68
+}
+
+TEST_F(TesterFraming, TheTwoSecondsCountFromTheFirstCharactersAndSeventyDoNotEndThemEarly)
+{
+    openTestWindow();
+    // 70 characters pass the length test, but "M" is missing at 71: a communication failure.
+    const std::string m = PassMessage();
+    tester(m.substr(0, 20));
+    ui().advance(1500);
+    tester(m.substr(20, 50));
+    ui().advance(499);
+    EXPECT_TRUE(logLines().empty());
+    ui().advance(1);
+    ASSERT_EQ(logLines().size(), 1u);
+    EXPECT_NE(logLines()[0].find("ComFail"), std::string::npos);
+}
+
+TEST_F(TesterFraming, AMessageBehindNoiseInOneReadIsLostAndTextOutsideATestIsDroppedByTheNextWindow)
+{
+    openTestWindow();
+    tester("xx" + PassMessage());
+    ui().advance(3000);
+    EXPECT_FALSE(exists("LOG.TXT"));
+    EXPECT_FALSE(window().Timer1.enabled());
+
+    window().CancelButton.userClick();
+    tester(PassMessage());
+    EXPECT_EQ(testerLine().pending(), PassMessage());
+    EXPECT_FALSE(exists("LOG.TXT"));
+    pickName(0);
+    EXPECT_EQ(testerLine().pending(), "");
+    EXPECT_EQ(app_->TesterText, "");
+    ui().advance(3000);
+    EXPECT_FALSE(exists("LOG.TXT"));
+}
+
+TEST_F(TesterFraming, EveryTextFromTheTesterPushesTheClosingAway)
+{
+    openTestWindow();
+    // Text half a second before the 30 seconds of the opening are over: the window stays for the
+    // retest time from then, so the two-second receive window ends and is judged in it.
+    ui().advance(29500);
+    tester("W=0");
+    ui().advance(1000);
+    EXPECT_TRUE(window().loaded());
+    ui().advance(1000); // the verdict at 31.5 s: a communication failure, and 10 s to try again
+    ASSERT_TRUE(window().loaded());
+    EXPECT_EQ(logLines().size(), 1u);
+    ui().advance(9000);
+    EXPECT_TRUE(window().loaded());
+    ui().advance(1200);
+    EXPECT_FALSE(window().loaded());
 }
 
 struct Outcome

@@ -12,7 +12,7 @@ std::string NamesLine(const Employee& e)
 {
     return e.last + ", " + e.first + ", " + e.id + ", " + e.wristMin + ", " + e.wristMax + ", " + e.footMin + ", " +
            e.footMax + ", " + e.wristEnable + ", " + e.footEnable + ", E, 01/05/2026, 01/05/2026, 1, " + e.certExpiry +
-           ", " + e.attendance + ", 0, " + e.password + ", 0";
+           ", " + e.attendance + ", " + e.warning + ", " + e.password + ", 0";
 }
 
 std::vector<std::string> CrLfLines(const std::string& text)
@@ -28,6 +28,14 @@ std::vector<std::string> CrLfLines(const std::string& text)
         start = end + 2;
     }
     return lines;
+}
+
+std::string Lines(const std::vector<std::string>& lines)
+{
+    std::string text;
+    for (const std::string& l : lines)
+        text += l + "\r\n";
+    return text;
 }
 
 std::string Repeat(const std::string& part, int times)
@@ -68,10 +76,10 @@ void ScenarioTest::writeSettings(const std::function<void(Settings&)>& change)
 
 void ScenarioTest::writeEmployees(const std::vector<Employee>& employees)
 {
-    std::string text = "# header 1\r\n# header 2\r\n";
+    std::vector<std::string> lines{"# header 1", "# header 2"};
     for (const Employee& e : employees)
-        text += NamesLine(e) + "\r\n";
-    write("NAMES.TXT", text);
+        lines.push_back(NamesLine(e));
+    write("NAMES.TXT", Lines(lines));
 }
 
 void ScenarioTest::startStation()

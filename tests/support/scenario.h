@@ -17,13 +17,15 @@ struct Employee
     std::string wristEnable = "-1", footEnable = "-1";
     std::string certExpiry = "12/31/2030";
     std::string attendance = std::string(372, 'A');
-    std::string password;
+    std::string warning = "0", password;
 };
 
 // One line of NAMES.TXT for the employee, in the writer's field order.
 std::string NamesLine(const Employee& e);
 // The lines of a text, without their CR LF; a line ended otherwise is marked "<no line end>".
 std::vector<std::string> CrLfLines(const std::string& text);
+// The text of lines, each ended by CR LF.
+std::string Lines(const std::vector<std::string>& lines);
 std::string Repeat(const std::string& part, int times);
 
 // The tester's message for three readings in the two-digit form, with the switch taking nothing
