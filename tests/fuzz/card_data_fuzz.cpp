@@ -1,14 +1,8 @@
-// What a card reader sends on the station's reader port, for each kind of reader (HID, Casi-Rusco,
-// a general RS232 reader, RW-400): the input's bytes arrive in pieces with pauses between them,
-// with the reader's bit settings and the enrolment of unknown badges as the input chooses, and
-// are turned into a card, looked up and acted on as a station does.
-#include "data/names_file.h"
+// What a card reader of each kind (HID, Casi-Rusco, a general RS232 reader, RW-400) sends on the
+// reader port, in pieces with pauses between them, under the bit settings and the enrolment of
+// unknown badges the input chooses: turned into a card, looked up and acted on as a station does.
 #include "fuzz_station.h"
-#include "station/name_form.h"
 #include "station/rs232_form.h"
-
-using namespace zandolt;
-using namespace zandolt::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -35,9 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         static const char* const names[] = {"Okafor Ade", "Doe, Jane", "", "Smith", "Mary Ann Smith"};
         s.ui.inputText = names[input.pick(5)];
         s.sendInput(input, app.ProximityComport, 41, 31, 10);
-        s.ui.advance(500); // the silence that ends a card of the Casi-Rusco and RW-400 readers
-        // A card that started a test: the employee walks away.
-        if (app.rs232Form().loaded())
+        s.ui.advance(500);            // the silence that ends a card of the Casi-Rusco and RW-400 readers
+        if (app.rs232Form().loaded()) // the card started a test: the employee walks away
             app.rs232Form().CancelButton.userClick();
         s.serial.line(app.ProximityComport).clearRecords();
         s.serial.line(app.ComboComport).clearRecords();

@@ -5,14 +5,8 @@
 #include "app.h"
 #include "data/names_file.h"
 #include "data/settings_file.h"
-#include "platform/headless/captured_printer.h"
-#include "platform/headless/headless_ui.h"
-#include "platform/headless/loopback_serial.h"
-#include "platform/headless/recorded_mail.h"
-#include "platform/headless/recorded_programs.h"
-#include "platform/headless/virtual_clock.h"
+#include "platform/headless/headless_backend.h"
 #include "platform/qt/qt_clock_locale.h"
-#include "platform/system/posix_files.h"
 #include "station/name_form.h"
 
 #include <cstdio>
@@ -214,3 +208,7 @@ inline std::vector<qt::QtLocale> QtLocales(std::span<const char* const> names)
 }
 
 } // namespace zandolt::fuzz
+
+// Each includer is a target's only source.
+using namespace zandolt;
+using namespace zandolt::fuzz;

@@ -7,9 +7,6 @@
 
 #include <QDate>
 
-using namespace zandolt;
-using namespace zandolt::fuzz;
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const char* const names[] = {"en_US", "en_GB", "en_CA", "es_MX", "de_DE", "fr_FR", "nl_NL", "pl_PL",
@@ -28,13 +25,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (!QDate(own->year, own->month, own->day).isValid())
             PropertyFailed(std::string(names[which]) + " reads [" + std::string(text) + "] as no day of the calendar");
     ReadTypedDate(locale, text, presentYear);
-
     if (!QDate(year, month, day).isValid())
         return 0;
     const std::string shown = locale.shortDate(DateTime{year, month, day});
     if (const Date read = ReadTypedDate(locale, shown, presentYear); read != DateSerial(year, month, day))
-        PropertyFailed(std::string(names[which]) + " writes " + std::to_string(month) + "/" + std::to_string(day) +
-                       "/" + std::to_string(year) + " as [" + shown + "], which reads back as " +
-                       (read == 0 ? std::string("no date") : FormatPaddedDate(read)));
+        PropertyFailed(std::string(names[which]) + " writes " + FormatPaddedDate(DateSerial(year, month, day)) +
+                       " as [" + shown + "], which reads back as " + (read == 0 ? "no date" : FormatPaddedDate(read)));
     return 0;
 }

@@ -9,9 +9,6 @@
 #include <map>
 #include <set>
 
-using namespace zandolt;
-using namespace zandolt::fuzz;
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     return RunOnStation(data, size, nullptr, [](Station& s, InputCursor& input) {

@@ -5,11 +5,7 @@
 #include "fuzz_station.h"
 #include "reports/log_scan.h"
 
-#include <algorithm>
 #include <cstring>
-
-using namespace zandolt;
-using namespace zandolt::fuzz;
 
 namespace {
 
@@ -48,16 +44,11 @@ void Note(std::string& out, LogRead read, std::initializer_list<std::string_view
 // one field skipped. The text ending inside a record is a failed read.
 std::string ByFieldsRule(std::string_view text)
 {
-    struct Piece
-    {
-        std::string_view text;
-        bool startsLine;
-    };
-    std::vector<Piece> pieces;
+    std::vector<std::pair<std::string_view, bool>> pieces; // each with whether it begins its line
     for (std::string_view rest : TextLines(text))
         for (bool first = true;; first = false) {
             const std::size_t comma = rest.find(',');
-            pieces.push_back({TrimBlanks(rest.substr(0, comma)), first});
+            pieces.emplace_back(TrimBlanks(rest.substr(0, comma)), first);
             if (comma == std::string_view::npos)
                 break;
             rest.remove_prefix(comma + 1);
@@ -67,7 +58,7 @@ std::string ByFieldsRule(std::string_view text)
     std::string out;
     for (std::size_t p = 0; p < pieces.size();) {
         std::string_view f[11];
-        f[0] = pieces[p++].text;
+        f[0] = pieces[p++].first;
         if (f[0].empty() || f[0] == "*") {
             Note(out, LogRead::Skip);
             continue;
@@ -75,9 +66,9 @@ std::string ByFieldsRule(std::string_view text)
         for (int i = 1; i <= 10; ++i) {
             if (p == pieces.size())
                 return Note(out, LogRead::Failed), out;
-            const std::string_view piece = pieces[p++].text;
+            const std::string_view piece = pieces[p++].first;
             if (i == 10 || (i == 6 && f[5] == "ComFail")) {
-                while (p < pieces.size() && !pieces[p].startsLine)
+                while (p < pieces.size() && !pieces[p].second)
                     ++p;
                 f[10] = i == 10 ? piece : std::string_view();
                 break;

@@ -1,20 +1,15 @@
-// A station's fuzzed Names.txt pulled into the server's by the consolidation window, as a server
-// does for each station of NetList.txt: the server's file is one of a few employees each time, and
-// the window runs to its end and closes by itself.
+// A station's fuzzed Names.txt pulled into the server's file of three by the consolidation window,
+// as a server does for each station of NetList.txt; the window must run to its end and close.
 #include "automation/names_consolidation.h"
 #include "automation/names_form.h"
 #include "fuzz_station.h"
 
 #include <chrono>
-#include <filesystem>
-
-using namespace zandolt;
-using namespace zandolt::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const auto prepare = [](Station& s) {
-        std::filesystem::create_directory(s.path("station1"));
+        s.files.makeDirectory("station1");
         s.write("NetList.txt", s.path("station1") + "\r\n");
     };
     return RunOnStation(data, size, prepare, [](Station& s, InputCursor& input) {
@@ -25,8 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::filesystem::last_write_time(s.path("station1/Names.txt"),
                                          std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
         ShowNamesForm(*s.app);
-        // The window's first tick does the work, its messages close by themselves, and it closes two
-        // seconds after it is done.
+        // Its messages close by themselves, and the window two seconds after its work.
         if (!s.ui.runUntil([&] { return !s.app->namesForm().loaded(); }, 60000))
             PropertyFailed("the consolidation window is still open after a minute");
     });

@@ -1,11 +1,8 @@
-// StringToDate on any text, with a present year from the input's first byte (1990 to 2245). The
+// StringToDate on any text, with a present year from the input's first byte (1990 to 2245): the
 // in-line reading of the form the system writes must give what the reading of every form gives,
 // and a date read must lie in the calendar the system holds and read back from its written form.
 #include "data/dates.h"
 #include "fuzz_station.h"
-
-using namespace zandolt;
-using namespace zandolt::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

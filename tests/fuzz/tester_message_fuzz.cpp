@@ -1,14 +1,8 @@
-// What a combo tester sends during a test, as the station's port receives it: the input's bytes
-// arrive in pieces with pauses between them, into the test window of one of the three employees,
-// and are framed, judged, logged and answered. The window stays open for the next message, as a
-// station that never closes it.
-#include "data/settings_file.h"
+// What a combo tester sends during a test, in pieces with pauses between them, into the test window
+// of one of the three employees: framed, judged, logged and answered, the window staying open for
+// the next message as at a station that never closes it.
 #include "fuzz_station.h"
-#include "station/name_form.h"
 #include "station/rs232_form.h"
-
-using namespace zandolt;
-using namespace zandolt::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -21,7 +15,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return RunOnStation(data, size, prepare, [](Station& s, InputCursor& input) {
         App& app = *s.app;
         s.files.remove("LOG.TXT");
-        // The test window of the employee in the list's row, opened as the employee opens it.
         if (const int row = input.pick(3); !app.rs232Form().loaded() || app.CurrentEmployee != row) {
             if (app.rs232Form().loaded())
                 app.rs232Form().CancelButton.userClick();
@@ -31,8 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 PropertyFailed("the test window of row " + std::to_string(row) + " does not open");
         }
         s.sendInput(input, app.ComboComport, 81, 26, 100);
-        // The receive window ends, the answer goes out, and the window waits for the next test.
-        s.ui.advance(2500);
+        s.ui.advance(2500); // the receive window ends and the answer goes out
         s.serial.line(app.ComboComport).clearRecords();
         if (!app.rs232Form().loaded())
             PropertyFailed("the test window closed");
