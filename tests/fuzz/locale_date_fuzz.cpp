@@ -7,46 +7,29 @@
 
 #include <QDate>
 
-#include <cstddef>
-#include <cstdint>
-#include <memory>
-#include <string>
-#include <vector>
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    using namespace zandolt;
-    using namespace zandolt::fuzz;
     static const char* const names[] = {"en_US", "en_GB", "en_CA", "es_MX", "de_DE", "fr_FR", "nl_NL", "pl_PL",
                                         "ru_RU", "ja_JP", "zh_CN", "ko_KR", "hi_IN", "ar_EG", "fa_IR", "C"};
-    static std::vector<std::unique_ptr<qt::QtLocale>> locales = [] {
-        std::vector<std::unique_ptr<qt::QtLocale>> all;
-        for (const char* name : names)
-            all.push_back(std::make_unique<qt::QtLocale>(QLocale(QString::fromLatin1(name))));
-        return all;
-    }();
+    static std::vector<qt::QtLocale> locales = QtLocales(names);
     InputCursor input(data, size);
-    const std::size_t which = static_cast<std::size_t>(input.pick(static_cast<int>(locales.size())));
-    qt::QtLocale& locale = *locales[which];
+    const int which = input.pick(static_cast<int>(locales.size()));
+    qt::QtLocale& locale = locales[static_cast<std::size_t>(which)];
     const int presentYear = 1990 + input.pick(120);
-    const int year = 1000 + (input.byte() * 256 + input.byte()) % 9000; // the years of four digits
+    const int year = 1000 + input.word() % 9000; // the years of four digits
     const int month = 1 + input.pick(12);
     const int day = 1 + input.pick(31);
     const std::string_view text = input.rest();
 
-    if (const std::optional<DateTime> own = locale.readDate(text, presentYear)) {
+    if (const std::optional<DateTime> own = locale.readDate(text, presentYear))
         if (!QDate(own->year, own->month, own->day).isValid())
             PropertyFailed(std::string(names[which]) + " reads [" + std::string(text) + "] as no day of the calendar");
-    }
     ReadTypedDate(locale, text, presentYear);
-
     if (!QDate(year, month, day).isValid())
         return 0;
     const std::string shown = locale.shortDate(DateTime{year, month, day});
-    const Date read = ReadTypedDate(locale, shown, presentYear);
-    if (read != DateSerial(year, month, day))
-        PropertyFailed(std::string(names[which]) + " writes " + std::to_string(month) + "/" + std::to_string(day) +
-                       "/" + std::to_string(year) + " as [" + shown + "], which reads back as " +
-                       (read == 0 ? std::string("no date") : FormatPaddedDate(read)));
+    if (const Date read = ReadTypedDate(locale, shown, presentYear); read != DateSerial(year, month, day))
+        PropertyFailed(std::string(names[which]) + " writes " + FormatPaddedDate(DateSerial(year, month, day)) +
+                       " as [" + shown + "], which reads back as " + (read == 0 ? "no date" : FormatPaddedDate(read)));
     return 0;
 }

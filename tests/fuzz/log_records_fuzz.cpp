@@ -5,18 +5,9 @@
 #include "fuzz_station.h"
 #include "reports/log_scan.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
 #include <cstring>
-#include <memory>
-#include <string>
-#include <vector>
 
-namespace zandolt::fuzz {
 namespace {
-
-using Records = std::vector<std::string>;
 
 // The file's bytes handed out at most `piece` at a time, as a read of a network share or of a file
 // being appended to may hand them out.
@@ -37,158 +28,112 @@ private:
     std::size_t piece_;
 };
 
-// A read as one text: its outcome, and for a record its fields each behind a '|'.
-std::string Note(LogRead read, std::initializer_list<std::string_view> fields)
+// A read as one line: its outcome, and for a record its fields each behind a '|'.
+void Note(std::string& out, LogRead read, std::initializer_list<std::string_view> fields = {})
 {
-    std::string note(1, static_cast<char>('0' + static_cast<int>(read)));
+    out += static_cast<char>('0' + static_cast<int>(read));
     if (read == LogRead::Record)
         for (std::string_view f : fields)
-            note.append("|").append(f);
-    return note;
+            out.append("|").append(f);
+    out += '\n';
 }
 
-// The text read the plain way: a line runs to its line feed, its text without the carriage return
-// in front of that.
-class PlainLog
+// The comma-separated reader's rule: the trimmed comma-separated pieces of the lines are the
+// fields. Eleven make a record, the last of which drops what follows it on its line; "ComFail" in the
+// sixth ends the record there and drops the rest of the line, and "*" or nothing as the last name is
+// one field skipped. The text ending inside a record is a failed read.
+std::string ByFieldsRule(std::string_view text)
 {
-public:
-    explicit PlainLog(std::string_view text) : text_(text) {}
-    bool atEnd() const { return pos_ == text_.size(); }
-    // Blanks in front skipped, up to the next comma of the line or its end, blanks behind dropped;
-    // a field that ends with its line takes the line end with it.
-    std::string_view field()
-    {
-        std::string_view rest = line();
-        const std::size_t comma = rest.find(',');
-        if (comma == std::string_view::npos) {
-            nextLine();
-            return TrimBlanks(rest);
+    std::vector<std::pair<std::string_view, bool>> pieces; // each with whether it begins its line
+    for (std::string_view rest : TextLines(text))
+        for (bool first = true;; first = false) {
+            const std::size_t comma = rest.find(',');
+            pieces.emplace_back(TrimBlanks(rest.substr(0, comma)), first);
+            if (comma == std::string_view::npos)
+                break;
+            rest.remove_prefix(comma + 1);
         }
-        pos_ += comma + 1;
-        return TrimBlanks(rest.substr(0, comma));
-    }
-    std::string_view restOfLine()
-    {
-        const std::string_view rest = line();
-        nextLine();
-        return rest;
-    }
-
-private:
-    std::size_t lineEnd() const { return std::min(text_.find('\n', pos_), text_.size()); }
-    std::string_view line() const { return LineText(text_.substr(pos_, lineEnd() - pos_)); }
-    void nextLine() { pos_ = std::min(lineEnd() + 1, text_.size()); }
-
-    std::string_view text_;
-    std::size_t pos_ = 0;
-};
-
-// The comma-separated reader's rule: eleven fields, the last the rest of its line up to a comma;
-// "ComFail" in the sixth ends the record there, and "*" or nothing as the last name is one field
-// skipped. The file ending inside a record is a failed read.
-Records ByFieldsRule(std::string_view text)
-{
-    PlainLog log(text);
-    Records out;
-    for (;;) {
-        if (log.atEnd()) {
-            out.push_back(Note(LogRead::End, {}));
-            return out;
-        }
+    if (text.ends_with(','))
+        pieces.pop_back(); // a comma that ends the text begins no field
+    std::string out;
+    for (std::size_t p = 0; p < pieces.size();) {
         std::string_view f[11];
-        f[0] = log.field();
+        f[0] = pieces[p++].first;
         if (f[0].empty() || f[0] == "*") {
-            out.push_back(Note(LogRead::Skip, {}));
+            Note(out, LogRead::Skip);
             continue;
         }
-        for (int i = 1; i <= 5; ++i) {
-            if (log.atEnd()) {
-                out.push_back(Note(LogRead::Failed, {}));
-                return out;
-            }
-            f[i] = log.field();
-        }
-        const bool comFail = f[5] == "ComFail";
-        for (int i = 6; i <= 10; ++i) {
-            if (log.atEnd()) {
-                out.push_back(Note(LogRead::Failed, {}));
-                return out;
-            }
-            if (i == 10 || comFail) {
-                const std::string_view rest = log.restOfLine();
-                f[10] = comFail ? std::string_view() : TrimBlanks(rest.substr(0, rest.find(',')));
+        for (int i = 1; i <= 10; ++i) {
+            if (p == pieces.size())
+                return Note(out, LogRead::Failed), out;
+            const std::string_view piece = pieces[p++].first;
+            if (i == 10 || (i == 6 && f[5] == "ComFail")) {
+                while (p < pieces.size() && !pieces[p].second)
+                    ++p;
+                f[10] = i == 10 ? piece : std::string_view();
                 break;
             }
-            f[i] = log.field();
+            f[i] = piece;
         }
-        out.push_back(Note(LogRead::Record, {f[0], f[1], f[2], f[3], f[4], f[5], f[6], f[7], f[8], f[9], f[10]}));
+        Note(out, LogRead::Record, {f[0], f[1], f[2], f[3], f[4], f[5], f[6], f[7], f[8], f[9], f[10]});
     }
+    Note(out, LogRead::End);
+    return out;
 }
 
 // The line reader's rule: a line with four fields that commas end, the first not "*", is a record
 // of those four, with the line up to the comma behind the ID, trimmed, and all behind the date's
 // comma; any other line is skipped.
-Records ByLineRule(std::string_view text)
+std::string ByLineRule(std::string_view text)
 {
-    PlainLog log(text);
-    Records out;
-    while (!log.atEnd()) {
-        const std::string_view line = log.restOfLine();
-        std::string_view rest = line;
+    std::string out;
+    for (const std::string_view line : TextLines(text)) {
+        std::string_view rest = line, head;
         RuleField f[4];
         bool record = true;
-        std::string_view head;
         for (int i = 0; i < 4 && record; ++i) {
             f[i] = TakeField(rest);
             record = !f[i].last && !(i == 0 && f[0].text == "*");
             if (i == 2)
                 head = TrimBlanks(line.substr(0, line.size() - rest.size()));
         }
-        out.push_back(record ? Note(LogRead::Record, {f[0].text, f[1].text, f[2].text, f[3].text, head, rest})
-                             : Note(LogRead::Skip, {}));
+        Note(out, record ? LogRead::Record : LogRead::Skip, {f[0].text, f[1].text, f[2].text, f[3].text, head, rest});
     }
-    out.push_back(Note(LogRead::End, {}));
+    Note(out, LogRead::End);
     return out;
 }
 
-template <typename Read> Records ReadAll(std::string_view text, std::size_t piece, Read read)
+std::string ReadAll(std::string_view text, std::size_t piece, bool byLine)
 {
     LogStream log(std::make_unique<PieceReader>(text, piece));
     LogRecord r;
-    Records out;
-    for (;;) {
-        const LogRead result = read(log, r);
-        out.push_back(read == ReadLogRecordByLine
-                          ? Note(result, {r.LastName, r.FirstName, r.ID, r.Date, r.Head, r.Tail})
-                          : Note(result, {r.LastName, r.FirstName, r.ID, r.Date, r.Time, r.WristStat, r.LeftStat,
-                                          r.RightStat, r.WristMegs, r.LeftMegs, r.RightMegs}));
-        if (result == LogRead::End || result == LogRead::Failed)
-            return out;
+    std::string out;
+    for (LogRead read = LogRead::Record; read != LogRead::End && read != LogRead::Failed;) {
+        read = byLine ? ReadLogRecordByLine(log, r) : ReadLogRecordByFields(log, r);
+        if (byLine)
+            Note(out, read, {r.LastName, r.FirstName, r.ID, r.Date, r.Head, r.Tail});
+        else
+            Note(out, read,
+                 {r.LastName, r.FirstName, r.ID, r.Date, r.Time, r.WristStat, r.LeftStat, r.RightStat, r.WristMegs,
+                  r.LeftMegs, r.RightMegs});
     }
-}
-
-void Compare(const Records& got, const Records& expected, const char* what)
-{
-    for (std::size_t i = 0; i < std::max(got.size(), expected.size()); ++i) {
-        const std::string g = i < got.size() ? got[i] : "(none)", e = i < expected.size() ? expected[i] : "(none)";
-        if (g != e)
-            PropertyFailed(std::string(what) + ", read " + std::to_string(i) + ": [" + g + "], the rule gives [" + e +
-                           "]");
-    }
+    return out;
 }
 
 } // namespace
-} // namespace zandolt::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    using namespace zandolt;
-    using namespace zandolt::fuzz;
     InputCursor input(data, size);
     const std::size_t piece = input.byte();
     const std::string_view text = input.rest();
     const std::size_t pieces = piece == 0 ? text.size() + 1 : piece;
-    Compare(ReadAll(text, pieces, ReadLogRecordByFields), ByFieldsRule(text), "comma-separated reader");
-    Compare(ReadAll(text, pieces, ReadLogRecordByLine), ByLineRule(text), "line reader");
+    for (const bool byLine : {false, true}) {
+        const std::string got = ReadAll(text, pieces, byLine);
+        const std::string rule = byLine ? ByLineRule(text) : ByFieldsRule(text);
+        if (got != rule)
+            PropertyFailed(std::string(byLine ? "the line" : "the comma-separated") + " reader reads\n" + got +
+                           "where its rule reads\n" + rule);
+    }
     return 0;
 }

@@ -1,50 +1,27 @@
-// A station's fuzzed Names.txt pulled into the server's by the consolidation window, as a server
-// does for each station of NetList.txt: the server's file is one of a few employees each time, and
-// the window runs to its end and closes by itself.
+// A station's fuzzed Names.txt pulled into the server's file of three by the consolidation window,
+// as a server does for each station of NetList.txt; the window must run to its end and close.
 #include "automation/names_consolidation.h"
 #include "automation/names_form.h"
 #include "fuzz_station.h"
 
 #include <chrono>
-#include <cstddef>
-#include <cstdint>
-#include <filesystem>
-#include <string>
-
-namespace zandolt::fuzz {
-namespace {
-
-void MakeStation(Station& s)
-{
-    std::filesystem::create_directory(s.path("station1"));
-    s.write("NetList.txt", s.path("station1") + "\r\n");
-}
-
-} // namespace
-} // namespace zandolt::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    using namespace zandolt;
-    using namespace zandolt::fuzz;
-    static Station& s = TheStation(MakeStation);
-    static const std::string server =
-        EmployeeFile({"Doe, Jane, ASM-4711:180, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, "
-                      "12/31/2030",
-                      "Poe, Edgar, 1443, -1.00, -1.00, -1.00, -1.00, -1, -1, E, 01/05/2026, 01/05/2026, 1, 12/31/2030",
-                      "Smith, Mary Ann, QA-9, 000.75, 010.00, -1.00, -1.00, -1, 0, V, 06/10/2026, 06/20/2026, 1, "
-                      "12/31/2030"});
-    s.startRun();
-    s.write("NAMES.TXT", server);
-    s.write("station1/Names.txt", std::string_view(reinterpret_cast<const char*>(data), size));
-    // A station's file of the server file's time is the copy that distribution left there, which is
-    // passed over; files written in the same few milliseconds get the same time.
-    std::filesystem::last_write_time(s.path("station1/Names.txt"),
-                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
-    ShowNamesForm(*s.app);
-    // The window's first tick does the work, its messages close by themselves, and it closes two
-    // seconds after it is done.
-    if (!s.ui.runUntil([&] { return !s.app->namesForm().loaded(); }, 60000))
-        PropertyFailed("the consolidation window is still open after a minute");
-    return 0;
+    const auto prepare = [](Station& s) {
+        s.files.makeDirectory("station1");
+        s.write("NetList.txt", s.path("station1") + "\r\n");
+    };
+    return RunOnStation(data, size, prepare, [](Station& s, InputCursor& input) {
+        s.write("NAMES.TXT", ThreeEmployees());
+        s.write("station1/Names.txt", input.rest());
+        // A station's file of the server file's time is the copy that distribution left there, which
+        // is passed over; files written in the same few milliseconds get the same time.
+        std::filesystem::last_write_time(s.path("station1/Names.txt"),
+                                         std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+        ShowNamesForm(*s.app);
+        // Its messages close by themselves, and the window two seconds after its work.
+        if (!s.ui.runUntil([&] { return !s.app->namesForm().loaded(); }, 60000))
+            PropertyFailed("the consolidation window is still open after a minute");
+    });
 }
