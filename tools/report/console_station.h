@@ -12,12 +12,24 @@
 #include "platform/system/smtp_mail.h"
 #include "platform/system/system_programs.h"
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <ostream>
 #include <string>
 
 namespace zandolt {
+
+// The directory a command's --dir names, made absolute so that the paths it hands to other
+// programs stay right; nothing when it is not a directory.
+inline std::optional<std::string> StationDirectory(const std::string& dir)
+{
+    std::error_code ec;
+    const std::filesystem::path path = std::filesystem::canonical(dir, ec);
+    if (ec || !std::filesystem::is_directory(path, ec))
+        return std::nullopt;
+    return path.string();
+}
 
 template <class WindowService = console::ConsoleUi> struct ConsoleStation
 {

@@ -6,7 +6,6 @@
 #include "schedule_command.h"
 #include "site_commands.h"
 
-#include <filesystem>
 #include <iostream>
 
 using namespace zandolt;
@@ -36,12 +35,11 @@ int main(int argc, char** argv)
     if (!parsed.error.empty())
         return usageError(parsed.error);
 
-    std::error_code ec;
-    const std::filesystem::path dir = std::filesystem::canonical(request.dir, ec);
-    if (ec || !std::filesystem::is_directory(dir, ec))
+    const std::optional<std::string> dir = StationDirectory(request.dir);
+    if (!dir)
         return usageError("no directory \"" + request.dir + "\"");
 
-    ConsoleStation<> station(std::cerr, dir.string(), request.now);
+    ConsoleStation<> station(std::cerr, *dir, request.now);
     station.ui.answerInput("Year?", YearAnswer(request, station.clock().now()));
     return RunReport(station.app, request, std::cout, std::cerr);
 }

@@ -7,7 +7,6 @@
 #include "schedule_command.h"
 
 #include <csignal>
-#include <filesystem>
 #include <iostream>
 
 namespace zandolt {
@@ -54,12 +53,11 @@ int ScheduleMain(const std::vector<std::string>& args)
     }
     if (!parsed.error.empty())
         return usageError(parsed.error);
-    std::error_code ec;
-    const std::filesystem::path dir = std::filesystem::canonical(request.dir, ec);
-    if (ec || !std::filesystem::is_directory(dir, ec))
+    const std::optional<std::string> dir = StationDirectory(request.dir);
+    if (!dir)
         return usageError("no directory \"" + request.dir + "\"");
 
-    ConsoleStation<RunnerConsoleUi> station(std::cerr, dir.string(), request.from);
+    ConsoleStation<RunnerConsoleUi> station(std::cerr, *dir, request.from);
     App& app = station.app;
     RunnerConsoleUi& ui = station.ui;
     StartScheduleStation(app);

@@ -10,7 +10,6 @@
 #include "data/settings_file.h"
 #include "platform/console/console_ui.h"
 
-#include <filesystem>
 #include <istream>
 #include <ostream>
 
@@ -78,13 +77,12 @@ int RunSiteCommand(const std::vector<std::string>& args, std::ostream& out, std:
         else
             return usage(err, "unknown argument \"" + args[i] + "\" for " + job);
     }
-    std::error_code ec;
-    const std::filesystem::path path = std::filesystem::canonical(dir, ec);
-    if (ec || !std::filesystem::is_directory(path, ec))
+    const std::optional<std::string> path = StationDirectory(dir);
+    if (!path)
         return usage(err, "no directory \"" + dir + "\"");
 
     // The server starts as a station in its directory would: its settings first.
-    ConsoleStation<> station(err, path.string());
+    ConsoleStation<> station(err, *path);
     App& app = station.app;
     ReadIniFile(app);
     if (job == "logsort") {
