@@ -1,11 +1,13 @@
 // One test at the station: the judgement of the tester's message (its shape, the limits in force,
 // the channel branches, the remark on the other strap, the words shown), the exact text of its log
-// line (fixed columns, names and IDs that overflow them, readings logged as "-"), and the messages
-// of the simulated tester. (The simulated message's form itself is pinned through the tester
-// emulator's commands.)
+// line, the messages of the simulated tester (whose form itself is pinned through the tester
+// emulator's commands), and the timer-driven press animation and flashing cartoon.
+#include "station/cartoon_form.h"
 #include "station/log_writer.h"
+#include "station/press_form.h"
 #include "station/simulated_message.h"
 #include "station/verdict.h"
+#include "support/station_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -234,7 +236,7 @@ TestRecord Record(const char* w, const char* l, const char* r, float wr, float l
     return t;
 }
 
-TEST(LogLine, ALongNameOrIdIsWrittenWholeAndShiftsWhatFollows)
+TEST(LogLine, ALongNameOrIdShiftsWhatFollowsAndOnlyAnOverRangeReadingOfAChannelOutOfTheTestIsADash)
 {
     // Twenty characters fill the name column exactly; twenty-one push the rest one place right.
     const TestRecord pass = Record("Wok", "Lok", "Rok", 1, 1, 1);
@@ -250,10 +252,7 @@ TEST(LogLine, ALongNameOrIdIsWrittenWholeAndShiftsWhatFollows)
 
     const std::string longId(22, '7');
     EXPECT_EQ(FormatLogLine("Doe, Jane", longId, kMorning, pass).substr(22, 26), longId + ", 03");
-}
 
-TEST(LogLine, OnlyAnOverRangeReadingOfAChannelOutOfTheTestIsADash)
-{
     // A whole line: single-digit parts of the date and time get their zero, afternoon hours stay
     // above 12. (The lines of a pass and of a garbled message are pinned by the visit scenarios.)
     EXPECT_EQ(
@@ -278,7 +277,7 @@ SimulatorInput Input(const char* w, const char* l, const char* r, RockerSwitch p
     return in;
 }
 
-TEST(SimulatedTester, TheDefaultsStandForDipSwitchesOfHalfToTenAndThreeQuartersToFifty)
+TEST(SimulatedTester, TheDefaultsStandForDipSwitchesOfHalfToTenAndThreeQuartersToFiftyAndOverRangeIsTheBound)
 {
     // An employee on automatic limits (-1) gets the simulated switches, in the message as in force.
     // The right foot's state goes by the employee's own FootMax, -1 here, so every reading is "HI"
@@ -289,10 +288,8 @@ TEST(SimulatedTester, TheDefaultsStandForDipSwitchesOfHalfToTenAndThreeQuartersT
     EXPECT_FLOAT_EQ(m.footMax, 50.0f);
     EXPECT_EQ(BuildSimulatorMessage(Input("0.2", "30", "60", RockerSwitch::Middle)).text,
               "W=00.20M=--, L=30.00M=--, R=60.00M=--, 00.50M<W<10.00M, 00.75M<F<50.00M");
-}
 
-TEST(SimulatedTester, AnOverRangeReadingIsSentAsTheBoundAndTheComFailCheckGarblesTheMessage)
-{
+    // An over-range reading is sent as the bound, and the com-fail check garbles the message.
     const SimulatorMessage high = BuildSimulatorMessage(Input("120", "1", "1", RockerSwitch::Wrist));
     EXPECT_EQ(high.wristText, "99.99");
     EXPECT_EQ(high.text.substr(0, 12), "W=99.99M=HI,");
@@ -315,6 +312,58 @@ TEST(SimulatedTester, TheEmployeesLimitsReplaceTheSwitchesAndTheRightFootUsesThe
 
     in.employee.footMax = 150;
     EXPECT_EQ(BuildSimulatorMessage(in).text.substr(56), "00.50M<F<99.98M");
+}
+
+using ResultWindows = testing::StationTest;
+
+TEST_F(ResultWindows, ThePressAnimationGoesDownHoldsAndComesBackUpAndOnlyWhoWearsNoStrapIsAskedForTheSwitch)
+{
+    // Ticks of 100 ms: frames 1..9 shown as 1,2,3,4 and then held on 4, back down from 8 to -1,
+    // where the first picture stands for the frame before the turn, and up again. Label168 asks
+    // for the switch position, which matters only when no strap is required.
+    app_->CurrentEmployee = 0;
+    app_->WristEnable[0] = False;
+    app_->FootEnable[0] = False;
+    PressForm& press = app_->pressForm();
+    press.Load();
+    EXPECT_TRUE(press.Label168.visible());
+    EXPECT_EQ(app_->TestWindowOpenFlag, 1);
+    EXPECT_EQ(press.MainImage.picture(), "press0");
+    std::string frames; // the pictures' numbers, press0 to press4
+    for (int tick = 0; tick < 21; ++tick) {
+        ui().advance(100);
+        ASSERT_EQ(press.MainImage.picture().substr(0, 5), "press");
+        frames += press.MainImage.picture().substr(5);
+    }
+    EXPECT_EQ(frames, "123444444444443210001");
+
+    press.Unload();
+    EXPECT_EQ(app_->TestWindowOpenFlag, 0);
+    app_->FootEnable[0] = True;
+    press.Load();
+    EXPECT_FALSE(press.Label168.visible());
+}
+
+TEST_F(ResultWindows, SeveralFailedContactsFlashTogetherAndTheOthersStayWhole)
+{
+    // Left foot high and right foot low: every second both are marked, the wrist never.
+    app_->WristCode = "Wok";
+    app_->LeftCode = "Lhi";
+    app_->RightCode = "Rlo";
+    CartoonForm& c = app_->cartoonForm();
+    c.Load();
+    ui().advance(500); // counter 1: whole figure
+    EXPECT_TRUE(c.ImageLOK.visible() && c.ImageROK.visible() && c.ImageWOK.visible());
+    EXPECT_FALSE(c.ImageLHI.visible() || c.ImageRLO.visible());
+    ui().advance(500); // counter 2: marked
+    EXPECT_TRUE(c.ImageLHI.visible());
+    EXPECT_TRUE(c.ImageRLO.visible());
+    EXPECT_FALSE(c.ImageLOK.visible() || c.ImageROK.visible());
+    EXPECT_TRUE(c.ImageWOK.visible());
+    EXPECT_FALSE(c.ImageWLO.visible() || c.ImageWHI.visible() || c.ImageLLO.visible() || c.ImageRHI.visible());
+    ui().advance(500); // counter 3: whole again
+    EXPECT_TRUE(c.ImageLOK.visible() && c.ImageROK.visible());
+    EXPECT_FALSE(c.ImageLHI.visible() || c.ImageRLO.visible());
 }
 
 } // namespace
