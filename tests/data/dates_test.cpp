@@ -117,7 +117,7 @@ protected:
     Date read(std::string_view text) { return ReadTypedDate(locale, text, 2026); }
 };
 
-TEST_F(TypedDate, TheFormsPeopleTypeReadAsMonthDayYearAndWhatNamesNoDayIsNoDate)
+TEST_F(TypedDate, TheFormsPeopleTypeReadAsMonthDayYearAfterTheLocalesOwnFormAndWhatNamesNoDayIsNoDate)
 {
     for (const char* text : {"3/4/2026", " 03/04/2026 ", "3/4/26", "3-4-2026", "3.4.26", "2026-03-04", "2026/3/4",
                              "March 4, 2026", "4 march 2026", "4-MAR-26", "Mar 4" /* no year: this year */, "3/4"})
@@ -140,10 +140,8 @@ TEST_F(TypedDate, TheFormsPeopleTypeReadAsMonthDayYearAndWhatNamesNoDayIsNoDate)
     for (const char* text : {"Smarch 4 2026", "Ma 4 2026", "March April 2026", "2026 March 4", "4 March 2026 5",
                              "3/4/2026 10:00", "3/4/26x", ""})
         EXPECT_EQ(read(text), 0) << '"' << text << '"';
-}
 
-TEST_F(TypedDate, TheLocalesOwnFormComesBeforeTheTypedForms)
-{
+    // The locale's own form comes before the typed forms.
     locale.dayFirst = true;
     EXPECT_EQ(read("3/4/2026"), DateSerial(2026, 4, 3));
     EXPECT_EQ(read("3/4/26"), DateSerial(2026, 4, 3));

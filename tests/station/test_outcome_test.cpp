@@ -269,12 +269,7 @@ TEST(LogLine, ALongNameOrIdShiftsWhatFollowsAndOnlyAnOverRangeReadingOfAChannelO
 
 SimulatorInput Input(const char* w, const char* l, const char* r, RockerSwitch position)
 {
-    SimulatorInput in;
-    in.wristText = w;
-    in.leftText = l;
-    in.rightText = r;
-    in.position = position;
-    return in;
+    return SimulatorInput{.wristText = w, .leftText = l, .rightText = r, .position = position};
 }
 
 TEST(SimulatedTester, TheDefaultsStandForDipSwitchesOfHalfToTenAndThreeQuartersToFiftyAndOverRangeIsTheBound)
