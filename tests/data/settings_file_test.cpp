@@ -1,13 +1,12 @@
 #include "data/settings_file.h"
 
 #include "station/err_msg_frm.h"
-#include "support/station_fixture.h"
+#include "support/scenario.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <type_traits>
+#include <sstream>
 #include <vector>
 
 namespace zandolt {
@@ -91,14 +90,7 @@ protected:
         writeIni(joined(lines, count));
     }
     // Line n of the file as it stands now (1-based).
-    std::string iniLine(size_t n)
-    {
-        const std::string text = read("ZANDOLT.INI");
-        size_t start = 0;
-        for (size_t i = 1; i < n; ++i)
-            start = text.find("\r\n", start) + 2;
-        return text.substr(start, text.find("\r\n", start) - start);
-    }
+    std::string iniLine(size_t n) { return testing::CrLfLines(read("ZANDOLT.INI")).at(n - 1); }
     std::string appDir() const { return dir_.path() + "/"; }
 };
 
@@ -111,16 +103,9 @@ TEST_F(SettingsFile, AFullFileIsReadValueByValue)
     const App& a = *app_;
     // Each value as text, behind a bar.
     const auto values = [](const auto&... v) {
-        const auto text = [](const auto& x) {
-            if constexpr (std::is_arithmetic_v<std::decay_t<decltype(x)>>) {
-                char buffer[32];
-                std::snprintf(buffer, sizeof buffer, "%g", static_cast<double>(x));
-                return std::string(buffer);
-            } else {
-                return std::string(x);
-            }
-        };
-        return ((text(v) + "|") + ...);
+        std::ostringstream out;
+        ((out << v << '|'), ...);
+        return out.str();
     };
     EXPECT_EQ(values(a.ComboComport, a.PrinterFontSize, a.PrinterFontName, a.CompanyName, a.Simulation, a.AdminPassword,
                      a.BarCodeFlag, a.NoMonitorFlag, a.IgnoreWorkgroup, a.UseLastChars, a.SkipChars, a.AddUnknownFlag,
@@ -160,26 +145,26 @@ TEST_F(SettingsFile, TheDefaultsAreWrittenInTheirFiveForms)
     const std::string text = read("ZANDOLT.INI");
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 50);
     EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), 50);
-    EXPECT_EQ(iniLine(1), " #ZANDOLT.INI initialization file");
-    EXPECT_EQ(iniLine(2), " 1, #ComboComport number(1-4)");
-    EXPECT_EQ(iniLine(3), " 7.5, PrinterFontSize (7.5)");
-    EXPECT_EQ(iniLine(4), "Courier, PrinterFontName (Courier)");
-    EXPECT_EQ(iniLine(5), ", Company Name (Acme Inc.)");
-    EXPECT_EQ(iniLine(17), "-1 , Wrist RMin default (-1 = automatic)");
-    EXPECT_EQ(iniLine(31), "0, ShowNonRequiredStrapResults(0=no 1=yes)");
-    EXPECT_EQ(
-        iniLine(37),
-        "C:\\Program Files\\Accessories\\Wordpad.exe, Alternative text file viewer path(normally set to Wordpad)");
-    EXPECT_EQ(iniLine(38), "10, Seconds to retest(1-30 0=infinite)");
-    EXPECT_EQ(iniLine(40),
-              "Welcome, Welcome message that is displayed in the Scan your badge window. Do not use commas.");
-    EXPECT_EQ(
-        iniLine(41),
-        "Please scan your badge, 2nd message that is displayed in the Scan your badge window. Do not use commas.");
-    // The stock message is not written, so that it follows the language.
-    EXPECT_EQ(iniLine(42), ", Message that is displayed if a scanned ID can not be found.  Do not use commas.");
-    EXPECT_EQ(iniLine(45), "3, Attachments email server(1=body 2=.csv csv 4=.txt)");
-    EXPECT_EQ(iniLine(50), "0, Allow offline testing (0=no 1=yes) - normally 0");
+    const std::pair<size_t, std::string> lines[] = {
+        {1, " #ZANDOLT.INI initialization file"},
+        {2, " 1, #ComboComport number(1-4)"},
+        {3, " 7.5, PrinterFontSize (7.5)"},
+        {4, "Courier, PrinterFontName (Courier)"},
+        {5, ", Company Name (Acme Inc.)"},
+        {17, "-1 , Wrist RMin default (-1 = automatic)"},
+        {31, "0, ShowNonRequiredStrapResults(0=no 1=yes)"},
+        {37, "C:\\Program Files\\Accessories\\Wordpad.exe, Alternative text file viewer path(normally set to "
+             "Wordpad)"},
+        {38, "10, Seconds to retest(1-30 0=infinite)"},
+        {40, "Welcome, Welcome message that is displayed in the Scan your badge window. Do not use commas."},
+        {41, "Please scan your badge, 2nd message that is displayed in the Scan your badge window. Do not use commas."},
+        // The stock message is not written, so that it follows the language.
+        {42, ", Message that is displayed if a scanned ID can not be found.  Do not use commas."},
+        {45, "3, Attachments email server(1=body 2=.csv csv 4=.txt)"},
+        {50, "0, Allow offline testing (0=no 1=yes) - normally 0"},
+    };
+    for (const auto& [n, line] : lines)
+        EXPECT_EQ(iniLine(n), line) << n;
 }
 
 TEST_F(SettingsFile, SevenLinesAreEnoughAndSixAreNot)

@@ -64,7 +64,7 @@ protected:
     SampleForm form{ui};
 };
 
-TEST_F(WindowModelTest, EscapeReachesTheCancelButtonUnlessAHandlerSwallowsTheKeyAndADisabledWindowIgnoresAll)
+TEST_F(WindowModelTest, EscapeReachesTheCancelButtonUnlessSwallowedADisabledWindowIgnoresAllAndUnloadGivesBackTheDesign)
 {
     // Enter and the default button go through the Qt widgets in tests/qt.
     form.Load();
@@ -79,10 +79,9 @@ TEST_F(WindowModelTest, EscapeReachesTheCancelButtonUnlessAHandlerSwallowsTheKey
     form.OKBut.userClick();
     form.List1.userSelect(1);
     EXPECT_TRUE(form.events.empty());
-}
 
-TEST_F(WindowModelTest, UnloadGivesBackTheDesignValuesOfTheControlsAndTheForm)
-{
+    // Unload gives back the design values of the controls and the form.
+    form.setEnabled(true);
     form.Show();
     form.Text1.setText("changed");
     form.List1.addItem("four");

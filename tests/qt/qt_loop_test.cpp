@@ -26,12 +26,12 @@ protected:
     ~QtLoop() override
     {
         form.discard();
-        small.discard();
+        other.discard();
     }
 
     QtUi ui;
     AllKindsForm form{ui};
-    SmallForm small{ui};
+    AllKindsForm other{ui};
 };
 
 // Answers the next message box that is up after delayMs with the given button.
@@ -80,29 +80,34 @@ TEST_F(QtLoop, AModalFormBlocksTheOthersAndReturnsWhenHiddenOrUnloadedByItsOwnTi
 {
     // While it is up the window is application modal; hiding it ends ShowModal.
     QTimer::singleShot(50, [&] {
-        EXPECT_EQ(QApplication::activeModalWidget(), ui.window(small));
-        small.Hide();
+        EXPECT_EQ(QApplication::activeModalWidget(), ui.window(other));
+        other.Hide();
     });
-    small.ShowModal();
-    EXPECT_TRUE(small.loaded());
-    EXPECT_FALSE(ui.window(small)->isVisible());
+    other.ShowModal();
+    EXPECT_TRUE(other.loaded());
+    EXPECT_FALSE(ui.window(other)->isVisible());
     // Shown again without modality, it is a plain window.
-    small.Show();
-    EXPECT_EQ(ui.window(small)->windowModality(), Qt::NonModal);
+    other.Show();
+    EXPECT_EQ(ui.window(other)->windowModality(), Qt::NonModal);
 
     // Shown modally from a timer, its own timer's unload ends the nested loop, and the caller goes on.
-    small.Unload();
+    other.Unload();
     bool returned = false;
+    int ticks = 0;
     QTimer::singleShot(0, [&] {
-        small.Load();
-        small.Timer1.setInterval(50);
-        small.Timer1.setEnabled(true);
-        small.ShowModal();
+        other.Load();
+        other.Timer1.Tick = [&] {
+            ++ticks;
+            other.Unload();
+        };
+        other.Timer1.setInterval(50);
+        other.Timer1.setEnabled(true);
+        other.ShowModal();
         returned = true;
     });
     ASSERT_TRUE(QTest::qWaitFor([&] { return returned; }, 3000));
-    EXPECT_FALSE(small.loaded());
-    EXPECT_EQ(small.events, (std::vector<std::string>{"Timer1_Timer"}));
+    EXPECT_FALSE(other.loaded());
+    EXPECT_EQ(ticks, 1);
 }
 
 TEST_F(QtLoop, AFormUnloadedWhileItsTimerHandlerWaitsInAMessageBoxSurvivesIt)
@@ -137,11 +142,11 @@ TEST_F(QtLoop, QuitEndsTheModalLoopsAndTheProgramsLoopWithoutClosingAnyForm)
     form.Show();
     bool modalReturned = false;
     QTimer::singleShot(0, [&] {
-        small.Load();
-        small.Timer1.Tick = [&] { ui.quit(); };
-        small.Timer1.setInterval(30);
-        small.Timer1.setEnabled(true);
-        small.ShowModal();
+        other.Load();
+        other.Timer1.Tick = [&] { ui.quit(); };
+        other.Timer1.setInterval(30);
+        other.Timer1.setEnabled(true);
+        other.ShowModal();
         modalReturned = true;
     });
     // Should the quit not end the loops, the test ends them itself and fails.
@@ -153,7 +158,7 @@ TEST_F(QtLoop, QuitEndsTheModalLoopsAndTheProgramsLoopWithoutClosingAnyForm)
     EXPECT_TRUE(modalReturned);
     EXPECT_TRUE(ui.quitRequested());
     EXPECT_TRUE(form.loaded());
-    EXPECT_TRUE(small.loaded());
+    EXPECT_TRUE(other.loaded());
 }
 
 } // namespace

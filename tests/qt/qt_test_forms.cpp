@@ -122,25 +122,6 @@ void AllKindsForm::design()
     mnuExit.Click = [record] { record("mnuExit_Click"); };
 }
 
-SmallForm::SmallForm(Ui& ui) : Form(ui, "SmallForm"), Label1(*this, "Label1"), Timer1(*this, "Timer1")
-{
-    finishConstruction();
-}
-
-void SmallForm::design()
-{
-    setCaption("Small");
-    setSize(3000, 1500);
-    setFixedDialog(true);
-    Label1.setCaption("Wait");
-    Timer1.setEnabled(false);
-    Timer1.Tick = [this] {
-        events.push_back("Timer1_Timer");
-        Timer1.setEnabled(false);
-        Unload();
-    };
-}
-
 PictureDir::PictureDir()
 {
     QFile f(dir_.path() + "/square.svg");

@@ -1,5 +1,5 @@
-// Forms for the tests of the Qt window service: one with a control of every kind and a menu bar,
-// and a small one for modal showing. Handlers write what they saw to `events`.
+// The form for the tests of the Qt window service: a control of every kind and a menu bar. Its
+// handlers write what they saw to `events`.
 #pragma once
 
 #include "platform/qt/qt_ui.h"
@@ -49,18 +49,6 @@ protected:
         if (mode == UnloadMode::ControlBox)
             cancel = cancelClose;
     }
-};
-
-class SmallForm : public Form
-{
-public:
-    explicit SmallForm(Ui& ui);
-    Label Label1;
-    Timer Timer1;
-    std::vector<std::string> events;
-
-protected:
-    void design() override;
 };
 
 // A picture directory with "square.svg", a red square.

@@ -60,14 +60,12 @@ protected:
     void start(int selectionType, const std::vector<Employee>& employees,
                const std::function<void(Settings&)>& more = {})
     {
-        writeSettings([&](Settings& s) {
+        writeEmployees(employees);
+        startWith([&](Settings& s) {
             s.EmployeeSelectionType = static_cast<int16>(selectionType);
             if (more)
                 more(s);
         });
-        writeEmployees(employees);
-        startStation();
-        ui().clearRecords();
     }
     // A reader of the kind on port 2, its card numbers taken from the bits given; badges identify.
     void startReader(int barCode, int skip, int use, const std::function<void(Settings&)>& more = {})
@@ -88,11 +86,6 @@ protected:
         reader().send(data);
         ui().advance(ms);
     }
-    void type(const std::string& text)
-    {
-        main().NameOrIDText.userEdit(text);
-        main().NameOrIDText.userKey(keys::Return, keys::Return);
-    }
     // Jane's ID has a hyphen and her badge 180 stands apart; Rick's ID is his badge 1443.
     std::vector<Employee> staff()
     {
@@ -105,6 +98,7 @@ protected:
         ui().onModal("ErrMsgFrm",
                      [this](Form& f) { error = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
     }
+    std::string testedName() { return testWindowOpen() ? app_->rs232Form().NameLabel.caption() : "no test"; }
     std::string error;
 };
 
@@ -115,7 +109,7 @@ TEST_F(Identification, AnIdMarkedExpiredForTodayIsTurnedAwayFromTheListWhenTyped
     app_->Attendance[0][325] = 'X';
     const std::string expired = "Sorry, your ID has expired, please see system administrator (leave status = X).";
     pickName(0);
-    type("180");
+    typeIn("180");
     EXPECT_FALSE(testWindowOpen());
     ASSERT_EQ(ui().messages().size(), 2u);
     for (const auto& m : ui().messages())
@@ -140,35 +134,28 @@ TEST_F(Identification, KeysTypedInTheListSelectARowBackspaceRoundsHalfToEvenAndA
     // leaves over is dropped.
     list.userKey(keys::Return, keys::Return);
     EXPECT_FALSE(testWindowOpen());
-    list.userKey('1', '1');
-    list.userKey('5', '5');
-    EXPECT_EQ(list.listIndex(), 14);
-    list.userKey(keys::Back, keys::Back); // 1.5 rounds to 2
-    list.userKey('0', '0');
-    EXPECT_EQ(list.listIndex(), 19);      // 20
-    list.userKey(keys::Back, keys::Back); // 2
-    list.userKey(keys::Back, keys::Back); // 0.2 rounds to 0
-    list.userKey('2', '2');
-    list.userKey('5', '5');
-    EXPECT_EQ(list.listIndex(), 24);
-    list.userKey(keys::Back, keys::Back); // 2.5 rounds to 2, not 3
-    EXPECT_EQ(app_->TypedNumber, 2);
-    list.userKey('1', '1');
-    EXPECT_EQ(list.listIndex(), 20);      // 21
-    list.userKey(keys::Back, keys::Back); // 2.1 rounds to 2
-    list.userKey(keys::Back, keys::Back); // 0
-    list.userKey('1', '1');
-    list.userKey('2', '2');
-    EXPECT_EQ(list.listIndex(), 11);
-    list.userKey(keys::Back, keys::Back); // 1.2 rounds to 1
-    EXPECT_EQ(app_->TypedNumber, 1);
+    // The keys ('\b' is Backspace), the number typed then, and the row it selects (-1: unchanged).
+    // Backspace takes a tenth, rounded half to even: 1.5 to 2, 0.2 to 0, 2.5 to 2, 2.1 to 2, 1.2 to 1.
+    const struct
+    {
+        const char* keys;
+        int number, row;
+    } steps[] = {{"15", 15, 14}, {"\b0", 20, 19},    {"\b\b25", 25, 24}, {"\b", 2, -1},
+                 {"1", 21, 20},  {"\b\b12", 12, 11}, {"\b", 1, -1}};
+    for (const auto& step : steps) {
+        for (const char* k = step.keys; *k; ++k)
+            list.userKey(*k, *k);
+        EXPECT_EQ(app_->TypedNumber, step.number) << step.keys;
+        if (step.row >= 0) {
+            EXPECT_EQ(list.listIndex(), step.row) << step.keys;
+        }
+    }
     list.userKey('B', 'b');
     list.userKey('E', 'e');
     EXPECT_EQ(list.listIndex(), 2); // "Bell", the first name beginning with "be"
     EXPECT_FALSE(testWindowOpen());
     list.userKey(keys::Return, keys::Return);
-    EXPECT_TRUE(testWindowOpen());
-    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Bell, Jane");
+    EXPECT_EQ(testedName(), "Bell, Jane");
 }
 
 TEST_F(Identification, TypedTextFindsItsRowOrTheFirstFittingRowOfTheNotFoundTable)
@@ -213,7 +200,7 @@ TEST_F(Identification, TypedTextFindsItsRowOrTheFirstFittingRowOfTheNotFoundTabl
         ReadNamesFile(*app_);
         error.clear();
         watchError(); // left unused by a row that is found, it serves the next error
-        type(c.typed);
+        typeIn(c.typed);
         if (testWindowOpen()) {
             error = app_->rs232Form().NameLabel.caption();
             app_->rs232Form().CancelButton.userClick();
@@ -223,35 +210,26 @@ TEST_F(Identification, TypedTextFindsItsRowOrTheFirstFittingRowOfTheNotFoundTabl
     }
 }
 
-TEST_F(Identification, AnHidCardCountsAtItsLineEndAndACardDuringATestStartsTheNewPersonsTest)
+TEST_F(Identification, AnHidCardCountsAtItsLineEndAnUnknownOneIsToldAndACardDuringATestStartsTheNewPersonsTest)
 {
-    // The first digit skipped, twelve bits used: 0B4 is 180 and 5A3 is 1443.
+    // The first digit skipped, twelve bits used: 0B4 is 180 and 5A3 is 1443. FFF is nobody's card;
+    // noise without a hexadecimal digit is the card number 0, nobody's either.
     startReader(2, 4, 12);
-    present("90B");
-    EXPECT_FALSE(testWindowOpen()); // no line end yet
-    present("4\r\n");
-    ASSERT_TRUE(testWindowOpen());
-    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Doe, Jane");
-    EXPECT_EQ(app_->ProxText, "");
-    present("F5A3\r\n");
-    ASSERT_TRUE(testWindowOpen());
-    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Roe, Rick");
-}
-
-TEST_F(Identification, AnUnknownCardOrNoiseIsToldAndTheNextCardIsRead)
-{
-    // FFF is nobody's card; noise without a hexadecimal digit is the card number 0, nobody's either.
-    startReader(2, 0, 12);
-    for (const char* card : {"FFF\r\n", "\x07~?\r\n"}) {
+    for (const char* card : {"0FFF\r\n", "\x07~?\r\n"}) {
         watchError();
         present(card);
         EXPECT_EQ(error, "Error|Sorry, your ID was not found"); // the window's own title
-        EXPECT_FALSE(testWindowOpen());
-        EXPECT_EQ(app_->nameForm().NameOrIDText.text(), "");
+        EXPECT_EQ(testedName(), "no test");
+        EXPECT_EQ(main().NameOrIDText.text(), "");
         EXPECT_EQ(app_->ProxText, "");
     }
-    present("0B4\r\n");
-    EXPECT_TRUE(testWindowOpen());
+    present("90B");
+    EXPECT_FALSE(testWindowOpen()); // no line end yet
+    present("4\r\n");
+    EXPECT_EQ(testedName(), "Doe, Jane");
+    EXPECT_EQ(app_->ProxText, "");
+    present("F5A3\r\n");
+    EXPECT_EQ(testedName(), "Roe, Rick");
 }
 
 TEST_F(Identification, AKnownCardWhileAnErrorIsUpOpensItsTestEvenWhenTheTesterPortFails)
@@ -263,8 +241,7 @@ TEST_F(Identification, AKnownCardWhileAnErrorIsUpOpensItsTestEvenWhenTheTesterPo
     std::string portTitle;
     ui().onModal("ErrMsgFrm", [&](Form&) { reader().send("0B4\r\n"); });
     ui().onModal("ErrMsgFrm", [&](Form& f) { portTitle = f.caption(); });
-    app_->nameForm().NameOrIDText.userEdit("Smith");
-    app_->nameForm().NameOrIDText.userKey(keys::Return, keys::Return);
+    typeIn("Smith");
     EXPECT_EQ(portTitle, "Com port problem.");
     EXPECT_FALSE(app_->errMsgFrm().loaded());
     ASSERT_TRUE(testWindowOpen());
@@ -298,8 +275,7 @@ TEST_F(Identification, AnRw400CardIsReadAfterASilenceAndThePortIsOpenedAgain)
     EXPECT_FALSE(testWindowOpen()); // two characters are too few; they wait for more
     EXPECT_EQ(reader().opens(), opens + 1);
     present("\xB4", 150);
-    ASSERT_TRUE(testWindowOpen());
-    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Doe, Jane");
+    EXPECT_EQ(testedName(), "Doe, Jane");
     EXPECT_EQ(reader().opens(), opens + 2);
 
     // The reader's word for a card it could not read neither ends the test nor identifies anyone.
@@ -308,45 +284,46 @@ TEST_F(Identification, AnRw400CardIsReadAfterASilenceAndThePortIsOpenedAgain)
     EXPECT_EQ(app_->ProxText, "");
 }
 
-TEST_F(Identification, AGeneralRs232LineIsTrimmedAndFoundByBadgeOrName)
+TEST_F(Identification, AGeneralRs232LineIsTrimmedAndFoundByBadgeOrNameAndAnUnknownBadgeEnrolsAsTrimmed)
 {
     startReader(4, 0, 12, [](Settings& s) { s.UseLastChars = 3; });
     EXPECT_EQ(reader().settings(), "9600,n,8,1");
     present("XY1");
-    EXPECT_EQ(app_->nameForm().NameOrIDText.text(), ""); // fewer than four characters
+    EXPECT_EQ(main().NameOrIDText.text(), ""); // fewer than four characters
     present("80\r\n");
-    ASSERT_TRUE(testWindowOpen()); // "XY180" cut to "180", Jane's badge
-    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "Doe, Jane");
-
+    EXPECT_EQ(testedName(), "Doe, Jane"); // "XY180" cut to "180", Jane's badge
     watchError();
     present("XY999\r\n");
-    EXPECT_FALSE(testWindowOpen()); // the line ended the running test, and nobody has 999
+    EXPECT_EQ(testedName(), "no test"); // the line ended the running test, and nobody has 999
     EXPECT_EQ(error, "ID not found|Sorry, your ID was not found");
-}
 
-TEST_F(Identification, WhereNamesCountAGeneralRs232LineIsAName)
-{
-    startReader(4, 0, 12, [](Settings& s) { s.EmployeeSelectionType = 1; });
+    // Where names count the line is a name, and badges don't count.
+    writeSettings([](Settings& s) {
+        s.EmployeeSelectionType = 1;
+        s.UseLastChars = 0;
+    });
+    ReadIniFile(*app_);
+    ReadNamesFile(*app_);
     present("roe, rick\r\n");
-    ASSERT_TRUE(testWindowOpen());
+    EXPECT_EQ(testedName(), "Roe, Rick");
     app_->rs232Form().CancelButton.userClick();
     watchError();
-    present("180\r\n"); // badges don't count here
-    EXPECT_FALSE(testWindowOpen());
+    present("180\r\n");
+    EXPECT_EQ(testedName(), "no test");
     EXPECT_EQ(error, "ID not found|Sorry, your name was not found,");
-}
 
-TEST_F(Identification, AnUnknownGeneralRs232BadgeEnrolsAsTrimmed)
-{
-    startReader(4, 0, 12, [](Settings& s) {
+    // An unknown badge enrols as the trimmed text: "X2345Y" from its second character, four long.
+    writeSettings([](Settings& s) {
+        s.EmployeeSelectionType = 2;
         s.AddUnknownFlag = 1;
         s.SkipChars = 1;
         s.UseLastChars = 4;
     });
+    ReadIniFile(*app_);
+    ReadNamesFile(*app_);
     ui().answerMsgBox("The badge number 2345 was not found.", msgbox::Yes);
     present("X2345Y\r\n");
-    ASSERT_TRUE(testWindowOpen());
-    EXPECT_EQ(app_->rs232Form().NameLabel.caption(), "2345, Number");
+    EXPECT_EQ(testedName(), "2345, Number");
 }
 
 } // namespace

@@ -1,9 +1,14 @@
-// The two encodings of the station's files: the decision for a whole file, the conversions of
-// typed text, and the rule for text that is stored in a comma-separated file.
+// The station's texts: the two encodings of its files (the decision for a whole file, the
+// conversions of typed text, the rule for text stored in a comma-separated file), joined copies,
+// and the resource strings of each language.
 #include "data/storable_text.h"
+#include "data/strings.h"
+#include "data/text_join.h"
 #include "platform/text_encoding.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
 
 namespace zandolt {
 namespace {
@@ -54,6 +59,49 @@ TEST(TextEncoding, TypedTextTakesTheFilesEncodingWhatItLacksMatchesNothingAndSto
     std::string text = "Smith,Jr\r\nM\xC3\xBCller";
     EXPECT_TRUE(MakeStorable(text, Cp1252));
     EXPECT_EQ(text, "Smith Jr  M\xFCller");
+}
+
+TEST(TextJoin, AShortCopyWritesExactlyItsOwnBytesAndPartsOfAnyLengthFollowEachOther)
+{
+    // Every length across the sizes of the moves (0-3, 4-7, 8-16, then the library's copy), into
+    // the middle of a guarded buffer.
+    const std::string source = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmn";
+    for (size_t n = 0; n <= source.size(); ++n) {
+        std::string buffer(64, '#');
+        CopyText(buffer.data() + 8, source.data(), n);
+        EXPECT_EQ(buffer, std::string(8, '#') + source.substr(0, n) + std::string(56 - n, '#')) << n;
+    }
+
+    // Joined parts of any length: the string keeps its memory and takes the new length, longer or
+    // shorter.
+    std::string out = "a much longer text than the next one, kept from before";
+    AssignJoined(out, std::string("Kowalski4711"), ", ", std::string_view("Anna"));
+    EXPECT_EQ(out, "Kowalski4711, Anna");
+    AssignJoined(out, std::string(""), ", ", std::string_view("J"));
+    EXPECT_EQ(out, ", J");
+    AssignJoined(out,
+                 std::string("Garc\xc3\xad"
+                             "a-Fern\xc3\xa1ndez de la Torre"),
+                 ", ", std::string_view("Jos\xc3\xa9"));
+    EXPECT_EQ(out, "Garc\xc3\xad"
+                   "a-Fern\xc3\xa1ndez de la Torre, Jos\xc3\xa9");
+}
+
+TEST(Strings, TheCanadianBlockIsTheUnitedStatesOneAndEveryBlockHasTheSameIds)
+{
+    // 66 ids between 101 and 180, the same in every block, Canada word for word the US texts.
+    int ids = 0;
+    for (int id = 100; id <= 181; ++id) {
+        EXPECT_EQ(LoadResString(Language::EnglishCanada, id), LoadResString(Language::EnglishUS, id)) << id;
+        EXPECT_EQ(LoadResString(Language::EnglishUS, id).empty(), LoadResString(Language::SpanishMexico, id).empty())
+            << id;
+        ids += LoadResString(Language::EnglishUS, id).empty() ? 0 : 1;
+    }
+    EXPECT_EQ(ids, 66);
+    // A trailing blank is part of the text; German (0x407) has no block of its own.
+    EXPECT_EQ(LoadResString(Language::EnglishUS, 160), "Welcome to ");
+    EXPECT_EQ(LoadResString(Language::SpanishMexico, 160), "Bienvenidos a");
+    EXPECT_EQ(LoadResString(static_cast<Language>(0x407), 159), "Welcome");
 }
 
 } // namespace

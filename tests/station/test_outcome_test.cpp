@@ -1,6 +1,13 @@
-// The judgement of one tester message: its shape, the limits in force, the channel branches, the
-// remark on the other strap, the words shown and the answer returned to the tester.
+// One test at the station: the judgement of the tester's message (its shape, the limits in force,
+// the channel branches, the remark on the other strap, the words shown), the exact text of its log
+// line, the messages of the simulated tester (whose form itself is pinned through the tester
+// emulator's commands), and the timer-driven press animation and flashing cartoon.
+#include "station/cartoon_form.h"
+#include "station/log_writer.h"
+#include "station/press_form.h"
+#include "station/simulated_message.h"
 #include "station/verdict.h"
+#include "support/station_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -213,6 +220,145 @@ TEST(VerdictTexts, ReservedAndUnknownCodesHaveTheirOwnWords)
     EXPECT_EQ(ResultTitleAndMessage(16, Language::SpanishMexico),
               std::make_pair(std::string("Error de comunicacion"),
                              std::string("Error de communicacion.  Presione el boton hasta obtener los resultados.")));
+}
+
+const DateTime kMorning{2001, 3, 15, 8, 1, 2};
+
+TestRecord Record(const char* w, const char* l, const char* r, float wr, float lr, float rr)
+{
+    TestRecord t;
+    t.WristCode = w;
+    t.LeftCode = l;
+    t.RightCode = r;
+    t.WristReading = wr;
+    t.LeftReading = lr;
+    t.RightReading = rr;
+    return t;
+}
+
+TEST(LogLine, ALongNameOrIdShiftsWhatFollowsAndOnlyAnOverRangeReadingOfAChannelOutOfTheTestIsADash)
+{
+    // Twenty characters fill the name column exactly; twenty-one push the rest one place right.
+    const TestRecord pass = Record("Wok", "Lok", "Rok", 1, 1, 1);
+    const std::string twenty = "Abcdefghij, Klmnopqr";
+    ASSERT_EQ(twenty.size(), 20u);
+    const std::string line20 = FormatLogLine(twenty, "1", kMorning, pass);
+    EXPECT_EQ(line20.substr(0, 24), twenty + ", 1 ");
+    EXPECT_EQ(line20.substr(43, 10), "03-15-2001");
+
+    const std::string line21 = FormatLogLine(twenty + "s", "1", kMorning, pass);
+    EXPECT_EQ(line21.substr(0, 25), twenty + "s, 1 ");
+    EXPECT_EQ(line21.substr(44, 10), "03-15-2001");
+
+    const std::string longId(22, '7');
+    EXPECT_EQ(FormatLogLine("Doe, Jane", longId, kMorning, pass).substr(22, 26), longId + ", 03");
+
+    // A whole line: single-digit parts of the date and time get their zero, afternoon hours stay
+    // above 12. (The lines of a pass and of a garbled message are pinned by the visit scenarios.)
+    EXPECT_EQ(
+        FormatLogLine("Doe, Jane", "4711", {2026, 1, 2, 17, 5, 9}, Record("W- ", "Lhi", "Rok", 120.0f, 100.0f, 7.89f)),
+        "Doe, Jane           , 4711               , 01-02-2026, 17:05:09, W- , Lhi, Rok, -, 100.00, 07.89");
+    // 99.98 is still a number; above it a switched-out channel is "-", the last one with a blank.
+    const auto tail = [](const TestRecord& r) { return FormatLogLine("A", "1", kMorning, r).substr(65); };
+    EXPECT_EQ(tail(Record("W- ", "Lok", "Rok", 99.98f, 1, 2)), "W- , Lok, Rok, 99.98, 01.00, 02.00");
+    EXPECT_EQ(tail(Record("W- ", "Lok", "Rok", 99.99f, 1, 2)), "W- , Lok, Rok, -, 01.00, 02.00");
+    EXPECT_EQ(tail(Record("Wok", "L- ", "R- ", 0, 100, 100)), "Wok, L- , R- , 0.00, -, - ");
+    // A judged channel over range is logged with its number.
+    EXPECT_EQ(tail(Record("Whi", "Lok", "Rhi", 100, 12.5f, 1000)), "Whi, Lok, Rhi, 100.00, 12.50, 1000.00");
+}
+
+SimulatorInput Input(const char* w, const char* l, const char* r, RockerSwitch position)
+{
+    return SimulatorInput{.wristText = w, .leftText = l, .rightText = r, .position = position};
+}
+
+TEST(SimulatedTester, TheDefaultsStandForDipSwitchesOfHalfToTenAndThreeQuartersToFiftyAndOverRangeIsTheBound)
+{
+    // An employee on automatic limits (-1) gets the simulated switches, in the message as in force.
+    // The right foot's state goes by the employee's own FootMax, -1 here, so every reading is "HI"
+    // (which the verdict ignores); the middle position takes both channels out.
+    const SimulatorMessage m = BuildSimulatorMessage(Input("5.67", "30.12", "40", RockerSwitch::Foot));
+    EXPECT_EQ(m.text, "W=05.67M=--, L=30.12M=OK, R=40.00M=HI, 00.50M<W<10.00M, 00.75M<F<50.00M");
+    EXPECT_FLOAT_EQ(m.wristMin, 0.5f);
+    EXPECT_FLOAT_EQ(m.footMax, 50.0f);
+    EXPECT_EQ(BuildSimulatorMessage(Input("0.2", "30", "60", RockerSwitch::Middle)).text,
+              "W=00.20M=--, L=30.00M=--, R=60.00M=--, 00.50M<W<10.00M, 00.75M<F<50.00M");
+
+    // An over-range reading is sent as the bound, and the com-fail check garbles the message.
+    const SimulatorMessage high = BuildSimulatorMessage(Input("120", "1", "1", RockerSwitch::Wrist));
+    EXPECT_EQ(high.wristText, "99.99");
+    EXPECT_EQ(high.text.substr(0, 12), "W=99.99M=HI,");
+    SimulatorInput garbled = Input("1", "1", "1", RockerSwitch::Middle);
+    garbled.comFail = true;
+    EXPECT_EQ(BuildSimulatorMessage(garbled).text.substr(0, 2), "X=");
+}
+
+TEST(SimulatedTester, TheEmployeesLimitsReplaceTheSwitchesAndTheRightFootUsesThemDirectly)
+{
+    // Limits of 0 count here (unlike in the verdict); the foot maximum is capped at 99.98 in the
+    // message, while the right foot's state follows the employee's own FootMax.
+    SimulatorInput in = Input("0.9", "20", "40", RockerSwitch::Foot);
+    in.employee.wristMin = 1;
+    in.employee.wristMax = 0;
+    in.employee.footMin = 0.5f;
+    in.employee.footMax = 35;
+    const SimulatorMessage m = BuildSimulatorMessage(in);
+    EXPECT_EQ(m.text, "W=00.90M=--, L=20.00M=OK, R=40.00M=HI, 01.00M<W<00.00M, 00.50M<F<35.00M");
+
+    in.employee.footMax = 150;
+    EXPECT_EQ(BuildSimulatorMessage(in).text.substr(56), "00.50M<F<99.98M");
+}
+
+using ResultWindows = testing::StationTest;
+
+TEST_F(ResultWindows, ThePressAnimationGoesDownHoldsAndComesBackUpAndOnlyWhoWearsNoStrapIsAskedForTheSwitch)
+{
+    // Ticks of 100 ms: frames 1..9 shown as 1,2,3,4 and then held on 4, back down from 8 to -1,
+    // where the first picture stands for the frame before the turn, and up again. Label168 asks
+    // for the switch position, which matters only when no strap is required.
+    app_->CurrentEmployee = 0;
+    app_->WristEnable[0] = False;
+    app_->FootEnable[0] = False;
+    PressForm& press = app_->pressForm();
+    press.Load();
+    EXPECT_TRUE(press.Label168.visible());
+    EXPECT_EQ(app_->TestWindowOpenFlag, 1);
+    EXPECT_EQ(press.MainImage.picture(), "press0");
+    std::string frames; // the pictures' numbers, press0 to press4
+    for (int tick = 0; tick < 21; ++tick) {
+        ui().advance(100);
+        ASSERT_EQ(press.MainImage.picture().substr(0, 5), "press");
+        frames += press.MainImage.picture().substr(5);
+    }
+    EXPECT_EQ(frames, "123444444444443210001");
+
+    press.Unload();
+    EXPECT_EQ(app_->TestWindowOpenFlag, 0);
+    app_->FootEnable[0] = True;
+    press.Load();
+    EXPECT_FALSE(press.Label168.visible());
+}
+
+TEST_F(ResultWindows, SeveralFailedContactsFlashTogetherAndTheOthersStayWhole)
+{
+    // Left foot high and right foot low: every second both are marked, the wrist never.
+    app_->WristCode = "Wok";
+    app_->LeftCode = "Lhi";
+    app_->RightCode = "Rlo";
+    CartoonForm& c = app_->cartoonForm();
+    c.Load();
+    ui().advance(500); // counter 1: whole figure
+    EXPECT_TRUE(c.ImageLOK.visible() && c.ImageROK.visible() && c.ImageWOK.visible());
+    EXPECT_FALSE(c.ImageLHI.visible() || c.ImageRLO.visible());
+    ui().advance(500); // counter 2: marked
+    EXPECT_TRUE(c.ImageLHI.visible());
+    EXPECT_TRUE(c.ImageRLO.visible());
+    EXPECT_FALSE(c.ImageLOK.visible() || c.ImageROK.visible());
+    EXPECT_TRUE(c.ImageWOK.visible());
+    EXPECT_FALSE(c.ImageWLO.visible() || c.ImageWHI.visible() || c.ImageLLO.visible() || c.ImageRHI.visible());
+    ui().advance(500); // counter 3: whole again
+    EXPECT_TRUE(c.ImageLOK.visible() && c.ImageROK.visible());
+    EXPECT_FALSE(c.ImageLHI.visible() || c.ImageRLO.visible());
 }
 
 } // namespace

@@ -1,7 +1,11 @@
-// Files as the stations share them: names in any case, locks that make a second holder wait,
-// replacement that never shows half a file.
+// The system layer: files as the stations share them (names in any case, locks that make a second
+// holder wait, replacement that never shows half a file), and programs started for real without
+// waiting for them, where what could not be started is reported as such so that the windows'
+// fallbacks and messages for a missing program can appear.
 #include "platform/headless/faulty_files.h"
 #include "platform/system/posix_files.h"
+#include "platform/system/system_programs.h"
+#include "reports/report_frame.h"
 #include "support/station_fixture.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +43,7 @@ TEST_F(PosixFilesTest, AnExistingFileIsFoundWhateverTheCaseOfItsNameAndDirectory
     EXPECT_EQ(out, "n");
 }
 
-TEST_F(PosixFilesTest, AppendCreatesTheFileAndAddsToItButAMissingFileOrDirectoryIsNotFound)
+TEST_F(PosixFilesTest, AppendCreatesTheFileAndAddsToItAfterAShortHoldButAMissingFileOrDirectoryIsNotFound)
 {
     EXPECT_EQ(files.append("LOG.TXT", "a\r\n"), FileResult::Ok);
     EXPECT_EQ(files.append("log.txt", "b\r\n"), FileResult::Ok);
@@ -47,19 +51,23 @@ TEST_F(PosixFilesTest, AppendCreatesTheFileAndAddsToItButAMissingFileOrDirectory
     std::string out;
     EXPECT_EQ(files.readAll("none.txt", out), FileResult::NotFound);
     EXPECT_EQ(files.append(at("no/such/dir/LOG.TXT"), "x"), FileResult::NotFound);
-}
 
-TEST_F(PosixFilesTest, AShortHoldIsWaitedFor)
-{
-    // Within the lock wait a collision never reaches the caller's retries.
+    // A copy keeps the modification time.
+    const std::string before = files.modTimeText("LOG.TXT");
+    ASSERT_TRUE(files.copy("LOG.TXT", "b.txt"));
+    EXPECT_EQ(files.modTimeText("b.txt"), before);
+    EXPECT_EQ(testing::ReadTextFile(at("b.txt")), "a\r\nb\r\n");
+
+    // A short hold is waited for: within the lock wait a collision never reaches the caller's retries.
     files.setLockWaitMs(2000);
     auto other = std::make_unique<system::ExclusiveHold>(at("LOG.TXT"));
     std::thread releaser([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
         other.reset();
     });
-    EXPECT_EQ(files.append("LOG.TXT", "x"), FileResult::Ok);
+    EXPECT_EQ(files.append("LOG.TXT", "c\r\n"), FileResult::Ok);
     releaser.join();
+    EXPECT_EQ(testing::ReadTextFile(at("LOG.TXT")), "a\r\nb\r\nc\r\n");
 }
 
 TEST_F(PosixFilesTest, AFileHeldByAnotherWriterIsBusyUntilItIsFreeAndAReadInPiecesWaitsOnlyThen)
@@ -138,10 +146,9 @@ TEST_F(PosixFilesTest, ALinkedFileIsReplacedWholeBehindItsLinkWithItsPermissions
     EXPECT_EQ(files.list(at("share")).size(), 1u);
 }
 
-TEST(FaultyDiskFiles, AFileThatCannotHaveANeighbourIsRewrittenInPlace)
+TEST_F(PosixFilesTest, AFileThatCannotHaveANeighbourIsRewrittenInPlace)
 {
     // (An append that fails part-way is cut back: the visit scenario on a disk that fills up.)
-    TempDir dir;
     headless::FaultyDisk disk{dir.path()};
     testing::WriteTextFile(dir.path() + "/ZANDOLT.INI", "a longer old content");
     disk.refuseNewFiles(true);
@@ -151,13 +158,47 @@ TEST(FaultyDiskFiles, AFileThatCannotHaveANeighbourIsRewrittenInPlace)
     EXPECT_EQ(disk.replace("OTHER.TXT", "x"), FileResult::Failed);
 }
 
-TEST_F(PosixFilesTest, CopyKeepsTheModificationTime)
+class SystemProgramsTest : public testing::StationTest
 {
-    testing::WriteTextFile(at("a.txt"), "data");
-    const std::string before = files.modTimeText("a.txt");
-    ASSERT_TRUE(files.copy("a.txt", "b.txt"));
-    EXPECT_EQ(files.modTimeText("b.txt"), before);
-    EXPECT_EQ(testing::ReadTextFile(at("b.txt")), "data");
+protected:
+    // The text a started program writes into the file, once it is there.
+    std::string awaited(const std::string& name)
+    {
+        for (int i = 0; i < 500 && read(name).empty(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return read(name);
+    }
+
+    system::SystemPrograms programs{backend_->files};
+};
+
+TEST_F(SystemProgramsTest, AProgramIsLeftRunningInItsDirectoryAndOneThatCannotStartIsReportedOrSaidToBeMissing)
+{
+    // The call returns while the program still runs.
+    const auto before = std::chrono::steady_clock::now();
+    ASSERT_TRUE(programs.start("sh", {"-c", "pwd > started.txt; exec sleep 4 >/dev/null 2>&1"}, dir_.path()));
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
+    EXPECT_EQ(awaited("started.txt"), std::filesystem::canonical(dir_.path()).string() + "\n");
+    EXPECT_TRUE(programs.run("echo ran > ran.txt", dir_.path()));
+    EXPECT_EQ(awaited("ran.txt"), "ran\n");
+
+    // Not installed, not executable, or to be started in a directory that is not there.
+    EXPECT_FALSE(programs.start("zandolt-program-not-installed", {}, dir_.path()));
+    write("plain.txt", "echo\n");
+    EXPECT_FALSE(programs.start(path("plain.txt"), {}, dir_.path()));
+    EXPECT_FALSE(programs.start("true", {}, path("missing")));
+    EXPECT_FALSE(programs.run("true", path("missing")));
+
+    // An alternative viewer given by a bare name is looked up where programs are installed; this
+    // one is nowhere, and the station says so.
+    App app(Services{ui(), backend_->clock, backend_->serial, backend_->printer, backend_->files, programs,
+                     backend_->locale, backend_->mail});
+    app.AltViewerPath = "zandolt-viewer-not-installed";
+    write("BIG.TXT", "x");
+    EXPECT_FALSE(StartAltViewer(app, path("BIG.TXT")));
+    ASSERT_EQ(ui().messages().size(), 1u);
+    EXPECT_EQ(ui().messages()[0].prompt, " Could not find zandolt-viewer-not-installed. Please check the path of the "
+                                         "alternate viewer in the Setup General Configuration window.");
 }
 
 } // namespace
