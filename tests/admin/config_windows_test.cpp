@@ -18,6 +18,12 @@ class SettingsWindows : public ScenarioTest
 protected:
     NameForm& main() { return app_->nameForm(); }
     std::string iniLine(int number) { return fileLines("ZANDOLT.INI").at(static_cast<size_t>(number - 1)); }
+    // `act` runs in the window `name` that the menu entry opens.
+    template <class W> void inWindow(const std::string& name, MenuItem& entry, std::function<void(W&)> act)
+    {
+        ui().onModal(name, [act](Form& f) { act(static_cast<W&>(f)); });
+        entry.userClick();
+    }
 };
 
 TEST_F(SettingsWindows, GeneralSettingsFallBackOnBadNumbersAndRefuseCommas)
@@ -26,8 +32,7 @@ TEST_F(SettingsWindows, GeneralSettingsFallBackOnBadNumbersAndRefuseCommas)
     ASSERT_TRUE(line(1).stationOpen());
     ASSERT_TRUE(line(1).dtrHigh());
     ui().answerFontDialog("DejaVu Sans Mono", 9);
-    ui().onModal("Configform", [](Form& f) {
-        auto& c = static_cast<Configform&>(f);
+    inWindow<Configform>("Configform", main().mnuConfig, [](Configform& c) {
         c.CompanyNameTextBox.userEdit("Acme, Inc, East");
         c.ComPortTextBox.userEdit("two"); // no number: the port stays 1
         c.TagText.userEdit("abc");        // no number: 0
@@ -39,7 +44,6 @@ TEST_F(SettingsWindows, GeneralSettingsFallBackOnBadNumbersAndRefuseCommas)
         c.AllowOfflineTestingCheck.userClick();
         c.OKBut.userClick();
     });
-    main().mnuConfig.userClick();
 
     EXPECT_EQ(prompts(), (std::vector<std::string>{"Please enter the printer Font Name (Courier or fixed width font) "
                                                    "for the report. Setup printer for landscape mode.",
@@ -57,13 +61,11 @@ TEST_F(SettingsWindows, GeneralSettingsFallBackOnBadNumbersAndRefuseCommas)
 
     // A cancelled font dialog and Cancel of the window change nothing, and the file is saved all the same.
     ui().answerFontDialog("", 0);
-    ui().onModal("Configform", [](Form& f) {
-        auto& c = static_cast<Configform&>(f);
+    inWindow<Configform>("Configform", main().mnuConfig, [](Configform& c) {
         c.RetestTimeText.userEdit("abc");
         c.ChangeFontNameBut.userClick();
         c.CancelBut.userClick();
     });
-    main().mnuConfig.userClick();
     EXPECT_EQ(app_->SecondsToRetest, 30);
     EXPECT_EQ(iniLine(4), "DejaVu Sans Mono, PrinterFontName (Courier)");
 }
@@ -71,15 +73,13 @@ TEST_F(SettingsWindows, GeneralSettingsFallBackOnBadNumbersAndRefuseCommas)
 TEST_F(SettingsWindows, SelectionChoosesTheReaderAndTheIdentificationSwitches)
 {
     startWith([](Settings& s) { s.BarCodeFlag = 7; });
-    ui().onModal("SelConfigForm", [](Form& f) {
-        auto& c = static_cast<SelConfigForm&>(f);
+    inWindow<SelConfigForm>("SelConfigForm", main().mnuSelConfig, [](SelConfigForm& c) {
         EXPECT_EQ(c.Option1.value(), True); // an unknown reader is the keyboard
         c.Option3.userClick();              // HID prox reader
         c.Identify[2]->userClick();         // by badge number
         c.EmployeeSelfChangeCheck.userClick();
         c.OKBut.userClick();
     });
-    main().mnuSelConfig.userClick();
     EXPECT_EQ(iniLine(8), " 2, BarCodeFlag (0=keybd 1=barcd 2=HID 3=Casi 4=GeneralRS232)");
     EXPECT_EQ(iniLine(10), "-1, DontShowNamesFlag (-1=True  0=False)");
     EXPECT_EQ(iniLine(11), "-1, UseBadgeToIdentifyFlag (-1=True  0=False)");
@@ -118,12 +118,10 @@ TEST_F(SettingsWindows, ReaderParametersFollowTheirChoiceAndABadNumberChangesNot
         r.ProxComPortTextBox.userEdit("1"); // the tester's port: told, but kept
         r.OKBut.userClick();
     });
-    ui().onModal("SelConfigForm", [](Form& f) {
-        auto& c = static_cast<SelConfigForm&>(f);
+    inWindow<SelConfigForm>("SelConfigForm", main().mnuSelConfig, [](SelConfigForm& c) {
         c.EditReaderBut.userClick();
         c.OKBut.userClick();
     });
-    main().mnuSelConfig.userClick();
     EXPECT_NE(ui().messages().at(0).prompt.find("\"many\" is not one"), std::string::npos);
     EXPECT_EQ(ui().messages().at(1).prompt,
               "The proximity reader com port must be different than the combo meter com port.");
@@ -146,28 +144,23 @@ TEST_F(SettingsWindows, DirectoriesGetTheirSeparatorAndBlankMeansTheProgramsOwn)
     const std::string shared = path("shared");
     std::filesystem::create_directory(shared);
     write("shared/NAMES.TXT", "# 1\r\n# 2\r\n" + NamesLine(Employee{"Far", "Fay", "9"}) + "\r\n");
-    ui().onModal("DirForm", [&](Form& f) {
-        auto& d = static_cast<DirForm&>(f);
+    inWindow<DirForm>("DirForm", main().mnuDirectories, [&](DirForm& d) {
         EXPECT_EQ(d.NamesText.text(), ""); // the program's own directory shows blank
         d.NamesText.userEdit(shared);
         d.LogText.userEdit("/");
         d.OKBut.userClick();
     });
-    main().mnuDirectories.userClick();
     EXPECT_EQ(app_->NamesPathFull, shared + "/NAMES.TXT");
     EXPECT_EQ(app_->LastName[0], "Far"); // read from there at once
     const std::string logComment = ", Directory to read the Log.txt file - or leave blank for local directory";
     EXPECT_EQ(iniLine(47), logComment);
-    ui().onModal("DirForm", [&](Form& f) {
-        auto& d = static_cast<DirForm&>(f);
+    inWindow<DirForm>("DirForm", main().mnuDirectories, [&](DirForm& d) {
         EXPECT_EQ(d.NamesText.text(), shared + "/");
         EXPECT_EQ(d.LogText.text(), "");
         d.CancelBut.userClick();
     });
-    main().mnuDirectories.userClick();
     // The next save writes the blank directory as the program's own, in full.
-    ui().onModal("Configform", [](Form& f) { static_cast<Configform&>(f).CancelBut.userClick(); });
-    main().mnuConfig.userClick();
+    inWindow<Configform>("Configform", main().mnuConfig, [](Configform& c) { c.CancelBut.userClick(); });
     EXPECT_EQ(iniLine(47), app_->AppDir + logComment);
 }
 
@@ -186,8 +179,7 @@ TEST_F(SettingsWindows, UnknownIdWindowShowsTheSettingsAndOkStoresTheBoxes)
     });
     NameForm& main = app_->nameForm();
     main.LastPersonLabel.setCaption("stale");
-    ui().onModal("UnKnowFo", [](Form& form) {
-        auto& f = static_cast<UnKnowFo&>(form);
+    inWindow<UnKnowFo>("UnKnowFo", main.mnuUnknownID, [](UnKnowFo& f) {
         EXPECT_EQ((std::vector<int>{f.EnableUnkownCheck.value(), f.AskNameCheck.value(), f.AllowNameChangeCheck.value(),
                                     f.AllowIdChangeOnNameCheck.value(), f.WristCheck.value(), f.FootCheck.value()}),
                   (std::vector<int>{1, 0, 1, 0, 1, 0}));
@@ -208,7 +200,6 @@ TEST_F(SettingsWindows, UnknownIdWindowShowsTheSettingsAndOkStoresTheBoxes)
         f.FootCheck.userClick();
         f.OkBut.userClick();
     });
-    main.mnuUnknownID.userClick();
 
     EXPECT_EQ(prompts(),
               (std::vector<std::string>{" You must have AllowUnrecognizedIDs checked if any others are checked.",
@@ -231,11 +222,10 @@ TEST_F(SettingsWindows, UnknownIdWindowShowsTheSettingsAndOkStoresTheBoxes)
     // Cancel changes nothing, and the settings are saved all the same: here a value changed in
     // memory only, as another window might have.
     app_->AddUnknownFlag = 9;
-    ui().onModal("UnKnowFo", [](Form& f) {
-        static_cast<UnKnowFo&>(f).EnableUnkownCheck.userClick();
-        static_cast<UnKnowFo&>(f).CancelBut.userClick();
+    inWindow<UnKnowFo>("UnKnowFo", main.mnuUnknownID, [](UnKnowFo& f) {
+        f.EnableUnkownCheck.userClick();
+        f.CancelBut.userClick();
     });
-    main.mnuUnknownID.userClick();
     EXPECT_EQ(app_->AddUnknownFlag, 9);
     EXPECT_EQ(iniLine(15).substr(0, 4), " 9 ,");
 }
@@ -249,8 +239,7 @@ TEST_F(SettingsWindows, CertificationWindowRefusesADayCountThatIsNoNumberAndStor
     });
     app_->CertWarnIntervalDays = 5; // in memory only: Cancel saves it all the same
     bool stayedOpen = false;
-    ui().onModal("CertExForm", [&](Form& form) {
-        auto& f = static_cast<CertExForm&>(form);
+    inWindow<CertExForm>("CertExForm", app_->nameForm().mnuCertExp, [&](CertExForm& f) {
         EXPECT_EQ(f.CertExRadio3.value(), True);
         f.CertExEdit1.userEdit("45");
         f.CertExEdit2.userEdit("weekly");
@@ -260,7 +249,6 @@ TEST_F(SettingsWindows, CertificationWindowRefusesADayCountThatIsNoNumberAndStor
         EXPECT_EQ(f.focused(), &f.CertExEdit2);
         f.CertExCancelBut.userClick();
     });
-    app_->nameForm().mnuCertExp.userClick();
     EXPECT_TRUE(stayedOpen);
     EXPECT_EQ(prompts(), std::vector<std::string>{"Please enter the days as a whole number, such as 30, 7 or -1."});
     EXPECT_EQ(app_->CertWarnAdvanceDays, 30);
@@ -269,8 +257,7 @@ TEST_F(SettingsWindows, CertificationWindowRefusesADayCountThatIsNoNumberAndStor
 
     app_->CertAccessMode = 2;
     app_->CertAccessPassword = "cert";
-    ui().onModal("CertExForm", [](Form& form) {
-        auto& f = static_cast<CertExForm&>(form);
+    inWindow<CertExForm>("CertExForm", app_->nameForm().mnuCertExp, [](CertExForm& f) {
         EXPECT_EQ(f.CertExEdit1.text(), "30");
         EXPECT_EQ(f.CertExEdit2.text(), "5");
         EXPECT_EQ(f.CertExEdit3.text(), "cert");
@@ -283,7 +270,6 @@ TEST_F(SettingsWindows, CertificationWindowRefusesADayCountThatIsNoNumberAndStor
         f.CertExRadio1.userClick();
         f.CertExOKBut.userClick();
     });
-    app_->nameForm().mnuCertExp.userClick();
     EXPECT_EQ(app_->CertWarnAdvanceDays, 14);
     EXPECT_EQ(app_->CertWarnIntervalDays, -1);
     EXPECT_EQ(app_->CertAccessMode, 1);

@@ -41,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(LeaveWindow, TheButtonFollowsTheSettingAndThePasswordGuardsTheWindow)
+TEST_F(LeaveWindow, ThePasswordGuardsTheWindowWhoseUpdatePaintsDaysOfTheYearAndOKStoresThem)
 {
     start(-1, "leave");
     ASSERT_TRUE(test().VacationBut.visible());
@@ -53,26 +53,6 @@ TEST_F(LeaveWindow, TheButtonFollowsTheSettingAndThePasswordGuardsTheWindow)
     inLeaveWindow([&](SickForm& f) {
         timerHeld = !ui().timerRunning(test().LeaveFormTimer);
         EXPECT_EQ(f.LeaveRow, 1);
-        f.CancelBut.userClick();
-    });
-    EXPECT_TRUE(timerHeld);
-    EXPECT_TRUE(ui().timerRunning(test().LeaveFormTimer));
-    EXPECT_EQ(test().LeaveFormTimer.interval(), interval);
-
-    cancelPassword(); // no window without the password
-    test().VacationBut.userClick();
-    EXPECT_EQ(std::count(ui().journal().begin(), ui().journal().end(), "modal SickForm"), 1);
-
-    app_->AllowEmployeeVacationChange = 0;
-    CloseTestWindow(*app_);
-    pickName(1);
-    EXPECT_FALSE(test().VacationBut.visible());
-}
-
-TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
-{
-    start(-1);
-    inLeaveWindow([&](SickForm& f) {
         range(f, "V", "3/1/2024", "3/5/2024");   // a leap year: days 61 to 65
         range(f, "S", "3/1/2026", "3/2/2026");   // days 60 and 61
         range(f, "T", "7/4/2026", "7/1/2026");   // backwards: 4 July (day 185) alone
@@ -106,13 +86,25 @@ TEST_F(LeaveWindow, UpdatePaintsDaysOfTheYearAndOKStoresThem)
     EXPECT_EQ(fileLines("NAMES.TXT")[3].substr(79),
               "4, 11/22/2026, 11/22/2026, 1, 12/31/2030, " + expected + ", 0, , 1");
     EXPECT_EQ(app_->CurrentEmployee, 0); // as after every read of the file
+    EXPECT_TRUE(timerHeld);
+    EXPECT_TRUE(ui().timerRunning(test().LeaveFormTimer));
+    EXPECT_EQ(test().LeaveFormTimer.interval(), interval);
 
     // Cancel drops what was painted.
+    answerPassword("leave");
     inLeaveWindow([&](SickForm& f) {
         range(f, "X", "1/1/2026", "1/31/2026");
         f.CancelBut.userClick();
     });
     EXPECT_EQ(app_->Attendance[1], expected);
+
+    cancelPassword(); // no window without the password
+    test().VacationBut.userClick();
+    EXPECT_EQ(std::count(ui().journal().begin(), ui().journal().end(), "modal SickForm"), 2);
+    app_->AllowEmployeeVacationChange = 0;
+    CloseTestWindow(*app_);
+    pickName(1);
+    EXPECT_FALSE(test().VacationBut.visible());
 }
 
 TEST(LeaveSummary, OneLineAMonthWithThePositionsRunningOnThroughTheYear)

@@ -148,7 +148,7 @@ protected:
     }
 };
 
-TEST_F(EmployeeTestPassword, ThreeWrongAnswersEndWithoutATestOrAMessageAndTheRightOneLeavesTheGateAsItWas)
+TEST_F(EmployeeTestPassword, ThreeWrongAnswersEndWithoutATestTheRightOneLeavesTheGateAsItWasAndTheButtonSetsANewOne)
 {
     std::vector<std::string> promptsSeen;
     for (int i = 0; i < 3; ++i)
@@ -174,12 +174,8 @@ TEST_F(EmployeeTestPassword, ThreeWrongAnswersEndWithoutATestOrAMessageAndTheRig
     EXPECT_TRUE(testWindowOpen());
     EXPECT_EQ(app_->EnteredPassword, "whatever");
     EXPECT_TRUE(app_->rs232Form().PasswordBut.visible());
-}
 
-TEST_F(EmployeeTestPassword, ThePasswordButtonSetsTheOwnPasswordOnceConfirmed)
-{
-    answerPassword("1234");
-    pickName(0);
+    // The password button sets the own password once confirmed.
     answerPassword("5678");
     cancelPassword(); // a cancelled confirmation asks for the new password again
     cancelPassword(); // the cancel of the first prompt ends it

@@ -104,6 +104,12 @@ TEST_F(Enrolment, RefusedAnswersLeaveTheFileAsItWas)
     ui().answerInputBox("Please enter your name", "Jane Doe");
     typeIn("504");
     typeIn("50,5"); // a comma can't be stored: not even asked
+    // A scanned "12-ABC" cut to its last three characters is "ABC": no number, so not asked either.
+    app_->UseLastChars = 3;
+    std::string seen;
+    ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
+    typeIn("12-ABC");
+    EXPECT_EQ(seen, "Incorrect entry|Sorry, names are not accepted, please enter your badge#");
 
     EXPECT_EQ(questions(), (std::vector<std::string>{"The badge number 501 was not found.\nAdd it to the list?",
                                                      "The badge number 502 was not found.\nAdd it to the list?",
@@ -131,22 +137,6 @@ TEST_F(Enrolment, AKnownNameMayTakeOverTheNewBadgeAndKeepsItsId)
     EXPECT_EQ(app_->IDNum[0], "ASM-4711");
     EXPECT_EQ(app_->BadgeNum[0], "9090");
     EXPECT_EQ(namesLines().at(0).substr(0, 43), "Doe, Jane,           ASM-4711:9090,        ");
-}
-
-TEST_F(Enrolment, ATextWithoutADigitAfterTrimmingIsAName)
-{
-    // A scanned "12-ABC" cut to its last three characters is "ABC": no number, so no enrolment.
-    startWith([](Settings& s) {
-        s.EmployeeSelectionType = 2;
-        s.BarCodeFlag = 1;
-        s.UseLastChars = 3;
-        s.AddUnknownFlag = 1;
-    });
-    std::string seen;
-    ui().onModal("ErrMsgFrm", [&](Form& f) { seen = f.caption() + "|" + app_->errMsgFrm().LabelText.caption(); });
-    typeIn("12-ABC");
-    EXPECT_TRUE(questions().empty());
-    EXPECT_EQ(seen, "Incorrect entry|Sorry, names are not accepted, please enter your badge#");
 }
 
 TEST_F(Enrolment, AFullTableGivesItsLastRowToTheNewcomer)
@@ -187,27 +177,7 @@ protected:
     }
 };
 
-TEST_F(Rename, WithItsBitANewNameMakesANewPersonAtTheBadgeButTheLowWristLimitStays)
-{
-    openTestWindow(1 + 4);
-    app_->AddUnknownFlag = 1 + 2 + 8; // without its bit a key does nothing
-    pressKey('A');
-    EXPECT_TRUE(testWindowOpen());
-    EXPECT_TRUE(ui().messages().empty());
-    app_->AddUnknownFlag = 1 + 4;
-    ui().answerMsgBox("Do you want to change this name?", msgbox::Yes);
-    ui().answerInputBox("Please enter your name", "Mary Ann Smith");
-    pressKey('A');
-    EXPECT_FALSE(testWindowOpen());
-    // Wrist low 0.5 kept; wrist high, both foot limits and the enables from the defaults; the ID
-    // and the badge stay.
-    EXPECT_EQ(namesLines().at(0), "Smith, Mary Ann,     ASM-4711:4711,        000.50, 010.00, -1.00, -1.00, -1, -1, "
-                                  "A, 11/22/2026, 11/22/2026, 1, 11/22/2026, " +
-                                      Days372 + ", 0, , 1");
-    EXPECT_EQ(app_->FullName[1], "Roe, Rick");
-}
-
-TEST_F(Rename, EveryRefusalEndsTheVisitWithoutAChange)
+TEST_F(Rename, EveryRefusalEndsTheVisitWithoutAChangeAndANewNameMakesANewPersonAtTheBadge)
 {
     openTestWindow(1 + 4);
     ui().answerMsgBox("Do you want to change this name?", msgbox::No);
@@ -233,6 +203,25 @@ TEST_F(Rename, EveryRefusalEndsTheVisitWithoutAChange)
     const std::vector<std::string> asked = questions();
     EXPECT_EQ(std::count(asked.begin(), asked.end(), "No name was entered."), 1);
     EXPECT_EQ(read("NAMES.TXT"), namesBefore);
+
+    // With its bit a new name makes a new person at the badge, but the low wrist limit stays.
+    pickName(0);
+    ui().clearRecords();
+    app_->AddUnknownFlag = 1 + 2 + 8; // without its bit a key does nothing
+    pressKey('A');
+    EXPECT_TRUE(testWindowOpen());
+    EXPECT_TRUE(ui().messages().empty());
+    app_->AddUnknownFlag = 1 + 4;
+    ui().answerMsgBox("Do you want to change this name?", msgbox::Yes);
+    ui().answerInputBox("Please enter your name", "Mary Ann Smith");
+    pressKey('A');
+    EXPECT_FALSE(testWindowOpen());
+    // Wrist low 0.5 kept; wrist high, both foot limits and the enables from the defaults; the ID
+    // and the badge stay.
+    EXPECT_EQ(namesLines().at(0), "Smith, Mary Ann,     ASM-4711:4711,        000.50, 010.00, -1.00, -1.00, -1, -1, "
+                                  "A, 11/22/2026, 11/22/2026, 1, 11/22/2026, " +
+                                      Days372 + ", 0, , 1");
+    EXPECT_EQ(app_->FullName[1], "Roe, Rick");
 }
 
 } // namespace

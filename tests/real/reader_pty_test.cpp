@@ -67,19 +67,15 @@ protected:
     }
 };
 
-TEST_P(ReaderOverPty, AKnownCardStartsItsEmployeesTest)
+TEST_P(ReaderOverPty, AKnownCardStartsItsEmployeesTestAndAnUnknownBadgeEnrolsAndItsTestIsLogged)
 {
-    const EmulatorRun run = present("180");
-    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(present("180").exitCode, 0);
     ASSERT_TRUE(testWindowOpens());
     EXPECT_EQ(app->rs232Form().NameLabel.caption(), "Doe, Jane");
     EXPECT_EQ(app->ProxText, "");
-}
+    CloseTestWindow(*app);
 
-TEST_P(ReaderOverPty, AnUnknownBadgeEnrolsAndItsTestIsLogged)
-{
-    const EmulatorRun run = present("12345");
-    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(present("12345").exitCode, 0);
     ASSERT_TRUE(testWindowOpens());
     EXPECT_EQ(app->rs232Form().NameLabel.caption(), "12345, Number");
     EXPECT_NE(std::find(messages.begin(), messages.end(), "The badge number 12345 was not found.\nAdd it to the list?"),

@@ -113,14 +113,13 @@ TEST_F(ReportProgram, MessagesGoToStandardErrorAndTheExitCodeTellsTheOutcome)
 TEST_F(ReportProgram, ADirectoryWithoutTheStationsFilesIsSaidToBeTheWrongOne)
 {
     // No report is made: an empty one would look like a site without employees.
-    std::filesystem::remove(path("NAMES.TXT"));
-    EXPECT_EQ(run({"certification"}), 1);
-    EXPECT_EQ(err, "zandolt-report: " + path("NAMES.TXT") + " is missing: is --dir the station's directory?\n");
-    EXPECT_EQ(out, "");
-    EXPECT_FALSE(FileExists(path("CERTIF.TXT")));
-    std::filesystem::remove(path("ZANDOLT.INI"));
-    EXPECT_EQ(run({"certification"}), 1);
-    EXPECT_EQ(err, "zandolt-report: " + path("ZANDOLT.INI") + " is missing: is --dir the station's directory?\n");
+    for (const std::string file : {"NAMES.TXT", "ZANDOLT.INI"}) {
+        std::filesystem::remove(path(file));
+        EXPECT_EQ(run({"certification"}), 1);
+        EXPECT_EQ(err, "zandolt-report: " + path(file) + " is missing: is --dir the station's directory?\n");
+        EXPECT_EQ(out, "");
+        EXPECT_FALSE(FileExists(path("CERTIF.TXT")));
+    }
 }
 
 TEST_F(ReportProgram, TheScheduleOfAWeekOnTheVirtualClockWritesOneLinePerJob)

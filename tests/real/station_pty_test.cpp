@@ -15,18 +15,17 @@
 namespace zandolt::qt {
 namespace {
 
-// A moment as the log stamps it, "MM-DD-YYYY, HH:MM:SS", and such a stamp reordered so that it
-// sorts as time does.
-std::string stamp(const DateTime& t)
-{
-    char text[32];
-    std::snprintf(text, sizeof text, "%02d-%02d-%04d, %02d:%02d:%02d", t.month, t.day, t.year, t.hour, t.minute,
-                  t.second);
-    return text;
-}
+// A log stamp "MM-DD-YYYY, HH:MM:SS" reordered so that it sorts as time does, and a moment in that order.
 std::string sortable(const std::string& stamp)
 {
     return stamp.size() == 20 ? stamp.substr(6, 4) + stamp.substr(0, 5) + stamp.substr(10) : "";
+}
+std::string sortable(const DateTime& t)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%04d%02d-%02d, %02d:%02d:%02d", t.year, t.month, t.day, t.hour, t.minute,
+                  t.second);
+    return text;
 }
 
 class StationOverPty : public StationInTempDir
@@ -66,10 +65,10 @@ protected:
         QTest::keyClicks(list, "Doe");
         QTest::keyClick(list, Qt::Key_Return);
         EXPECT_TRUE(QTest::qWaitFor([&] { return app->isLoaded(&app->rs232Form()); }, 5000));
-        const std::string before = sortable(stamp(backend->clock.now()));
+        const std::string before = sortable(backend->clock.now());
         const EmulatorRun run = runEmulator(dir.filePath("ttyTester"), {}, {command}, 3000);
         EXPECT_TRUE(QTest::qWaitFor([&] { return QFile(dir.filePath("LOG.TXT")).size() > 0; }, 5000));
-        const std::string after = sortable(stamp(backend->clock.now()));
+        const std::string after = sortable(backend->clock.now());
         const std::string log = readFile(dir.filePath("LOG.TXT")), line = log.substr(0, log.find("\r\n"));
         EXPECT_EQ(line + "\r\n", log) << "LOG.TXT is not one line";
         EXPECT_EQ(line.substr(0, 43), "Doe, Jane           , QA-4711            , ");

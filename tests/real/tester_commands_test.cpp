@@ -71,14 +71,14 @@ TEST(TesterCommands, LinesThatMakeNoSenseAreRefusedWithAReason)
 TEST(TesterCommands, WaitHelpQuitAndBlankLines)
 {
     // The commands that send nothing, in any case of letters.
-    TesterCommand c = ParseTesterCommand("WAIT 250");
-    EXPECT_EQ(c.kind, CommandKind::Wait);
-    EXPECT_EQ(c.waitMs, 250);
-    EXPECT_EQ(ParseTesterCommand("wait 0").waitMs, 0);
-    EXPECT_EQ(ParseTesterCommand("").kind, CommandKind::Empty);
-    EXPECT_EQ(ParseTesterCommand("   # a comment").kind, CommandKind::Empty);
-    EXPECT_EQ(ParseTesterCommand("Quit").kind, CommandKind::Quit);
-    EXPECT_EQ(ParseTesterCommand("help").kind, CommandKind::Help);
+    const std::tuple<const char*, CommandKind, int> cases[] = {
+        {"WAIT 250", CommandKind::Wait, 250}, {"wait 0", CommandKind::Wait, 0}, {"", CommandKind::Empty, 0},
+        {"   # a comment", CommandKind::Empty, 0}, {"Quit", CommandKind::Quit, 0}, {"help", CommandKind::Help, 0}};
+    for (const auto& [line, kind, waitMs] : cases) {
+        const TesterCommand c = ParseTesterCommand(line);
+        EXPECT_EQ(c.kind, kind) << line;
+        EXPECT_EQ(c.waitMs, waitMs) << line;
+    }
 }
 
 TEST(TesterCommands, WhatItShowsOfTheConversation)

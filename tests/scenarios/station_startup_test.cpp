@@ -71,20 +71,6 @@ TEST_F(StationStart, AGoodStationStartsQuietlyWithItsListAndItsTitle)
     EXPECT_TRUE(testerLine().dtrHigh());
 }
 
-TEST_F(StationStart, TheNameListIsTheOnlyInputWhenNamesAreShown)
-{
-    writeSettings([](Settings& s) {
-        s.ShowLastPerson = True;
-        s.AllowOfflineTesting = True;
-    });
-    startStation();
-    EXPECT_FALSE(testerLine().dtrHigh()); // offline testing keeps DTR low from the start
-    EXPECT_EQ(shown(), (std::vector<std::string>{"SelectYourNameLabel", "List1"}));
-    ui().advance(3000);
-    EXPECT_EQ(main().TimeLabel.caption(), "");
-    EXPECT_EQ(main().LastPersonLabel.caption(), "");
-}
-
 struct Mode
 {
     int selectionType, barCode;
@@ -102,12 +88,18 @@ TEST_P(SelectionMode, ShowsItsPromptAndMoreText)
         s.EmployeeSelectionType = static_cast<int16>(m.selectionType);
         s.DontShowNamesFlag = m.selectionType == 0 ? 0 : True;
         s.BarCodeFlag = static_cast<int16>(m.barCode);
+        s.WelcomeMessage = "Good morning";
+        s.ScanBadgeMessage = "Badge here";
+        s.NoCardNumbers = True;
     });
     startStation();
     EXPECT_EQ(shown(),
               (std::vector<std::string>{"WelcomeLabel", m.promptLabel, "NameOrIDText", "MoreNameLabel", "TimeLabel"}));
+    EXPECT_EQ(main().WelcomeLabel.caption(), "Good morning");
     EXPECT_EQ(main().findControl(m.promptLabel)->caption(), m.prompt);
     EXPECT_EQ(main().MoreNameLabel.caption(), m.more);
+    // What is typed or scanned can't be read by the people around.
+    EXPECT_EQ(main().NameOrIDText.foreColor(), main().NameOrIDText.backColor());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -116,23 +108,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Mode{2, 0, "TypeYourBadgeLabel", "Please type your badge#", "or type badge#"},
                       Mode{3, 0, "TypeYourIDLabel", "Please type your ID#", "or type ID#"},
                       Mode{4, 0, "TypeYourNameLabel", "Please type your name", "or type name (Doe, Jane) or ID#"},
-                      Mode{2, 1, "ScanYourBadgeLabel", "Please scan your badge", "or type badge#"}));
-
-TEST_F(StationStart, TheWelcomeAndScanTextsOfTheSettingsWin)
-{
-    writeSettings([](Settings& s) {
-        s.EmployeeSelectionType = 2;
-        s.BarCodeFlag = 1;
-        s.WelcomeMessage = "Good morning";
-        s.ScanBadgeMessage = "Badge here";
-        s.NoCardNumbers = True;
-    });
-    startStation();
-    EXPECT_EQ(main().WelcomeLabel.caption(), "Good morning");
-    EXPECT_EQ(main().ScanYourBadgeLabel.caption(), "Badge here");
-    // What is scanned can't be read by the people around.
-    EXPECT_EQ(main().NameOrIDText.foreColor(), main().NameOrIDText.backColor());
-}
+                      Mode{2, 1, "ScanYourBadgeLabel", "Badge here", "or type badge#"}));
 
 TEST_F(StationStart, TheTickShowsTheTimeAndWhoTestedLast)
 {
@@ -154,9 +130,15 @@ TEST_F(StationStart, TheTickShowsTheTimeAndWhoTestedLast)
     EXPECT_EQ(main().LastPersonLabel.caption(), " Last tested: Rick Roe");
 }
 
-TEST_F(StationStart, TheTickBlinksThePromptsEveryOtherSecondAndReadsAChangedEmployeeFile)
+TEST_F(StationStart, TheNameListIsTheOnlyInputWhenNamesAreShownAndTheTickBlinksItsPromptAndReadsAChangedFile)
 {
+    writeSettings([](Settings& s) {
+        s.ShowLastPerson = True;
+        s.AllowOfflineTesting = True;
+    });
     startStation();
+    EXPECT_FALSE(testerLine().dtrHigh()); // offline testing keeps DTR low from the start
+    EXPECT_EQ(shown(), (std::vector<std::string>{"SelectYourNameLabel", "List1"}));
     const Color original = main().SelectYourNameLabel.foreColor();
     writeEmployees({Employee{}, Employee{.last = "Roe", .first = "Rick", .id = "4712"}});
     ui().advance(1000);
@@ -165,6 +147,9 @@ TEST_F(StationStart, TheTickBlinksThePromptsEveryOtherSecondAndReadsAChangedEmpl
     EXPECT_EQ(main().List1.list(1), "   2. Roe, Rick");
     ui().advance(1000);
     EXPECT_EQ(main().SelectYourNameLabel.foreColor(), original);
+    ui().advance(1000);
+    EXPECT_EQ(main().TimeLabel.caption(), "");
+    EXPECT_EQ(main().LastPersonLabel.caption(), "");
 }
 
 TEST_F(StationStart, ResizingFitsTheListButNeverBelowItsMinimum)
