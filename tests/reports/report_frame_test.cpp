@@ -51,14 +51,16 @@ protected:
         }
         return docs;
     }
-    // The chooser picks the entry at this position of its sorted list and presses OK.
-    void chooseEntry(int entry)
+    // The chooser picks the entry at this position of its sorted list (none when negative) and
+    // presses OK or Cancel.
+    void chooseEntry(int entry, bool ok = true)
     {
-        ui().onModal("IndividualEmployeeSelectionForm", [this, entry](Form&) {
+        ui().onModal("IndividualEmployeeSelectionForm", [this, entry, ok](Form&) {
             auto& f = app_->individualEmployeeSelectionForm();
             chooserItems = f.EmployeeSelectionCombo.items();
-            f.EmployeeSelectionCombo.userSelect(entry);
-            f.OKBut.userClick();
+            if (entry >= 0)
+                f.EmployeeSelectionCombo.userSelect(entry);
+            (ok ? f.OKBut : f.CancelBut).userClick();
         });
     }
 
@@ -132,26 +134,18 @@ TEST_F(ReportFrame, DateMonthAndWorkGroupPromptsDecideWhetherTheReportRunsAndFor
     EXPECT_EQ(ui().modals().size(), 1u);
 
     // OK with nothing chosen means all; Cancel ends the report.
-    answerMonthAndGroup("3", " ");
-    ui().onModal("IndividualEmployeeSelectionForm",
-                 [this](Form&) { app_->individualEmployeeSelectionForm().OKBut.userClick(); });
-    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
-    answerMonthAndGroup("3", " ");
-    ui().onModal("IndividualEmployeeSelectionForm",
-                 [this](Form&) { app_->individualEmployeeSelectionForm().CancelBut.userClick(); });
-    ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
+    for (const bool ok : {true, false}) {
+        answerMonthAndGroup("3", " ");
+        chooseEntry(-1, ok);
+        ReportHandler(*app_, report_kinds::Monthly, generator("REPORT.TXT"));
+    }
     EXPECT_EQ(seen.size(), 3u);
     EXPECT_EQ(seen.back(), "3|0|||-1");
 }
 
 TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewerAndPrintingPrintsTheSelectionPerCopy)
 {
-    const auto show = [this] {
-        ViewerRequest r;
-        r.path = path("BIG.TXT");
-        r.title = "Big";
-        ShowInViewer(*app_, r);
-    };
+    const auto show = [this] { ShowInViewer(*app_, {.path = path("BIG.TXT"), .title = "Big"}); };
     write("BIG.TXT", std::string(32000, 'x'));
     show();
     EXPECT_TRUE(viewer().visible());
@@ -178,10 +172,7 @@ TEST_F(ReportFrame, AFileAbove32000BytesGoesToTheAlternativeViewerAndPrintingPri
     EXPECT_TRUE(viewer().visible());
 
     write("REPORT.TXT", "a\r\nb\r\nc\r\n");
-    ViewerRequest r;
-    r.path = path("REPORT.TXT");
-    r.title = "T";
-    ShowInViewer(*app_, r);
+    ShowInViewer(*app_, {.path = path("REPORT.TXT"), .title = "T"});
     printer().dialogCopies = 0;
     viewer().PrintBut.userClick();
     EXPECT_TRUE(printer().documents().empty());
@@ -259,8 +250,7 @@ TEST_F(ReportFrame, AttendanceWantsOneEmployeeAndEndsWhenTheYearIsCancelled)
     EXPECT_EQ(seen, Texts{"adams, Bo|1"});
     EXPECT_FALSE(viewer().loaded());
 
-    ui().onModal("IndividualEmployeeSelectionForm",
-                 [this](Form&) { app_->individualEmployeeSelectionForm().CancelBut.userClick(); });
+    chooseEntry(-1, false);
     AttendanceHandler(*app_, generator("ATTEND.TXT"));
     EXPECT_EQ(seen.size(), 1u);
 }
@@ -274,6 +264,7 @@ TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
     // Files of an earlier run stand in the directory; there is no log.
     write("REPORT.TXT", "old report\r\n");
     write("DAILY.TXT", "old daily\r\n");
+    write("DAILY.CSV", "old csv\r\n");
     NameForm& main = app_->nameForm();
     // The monthly report fails before it writes: no viewer, and nothing reaches the printer.
     answerMonthAndGroup("11", "A");
@@ -287,13 +278,14 @@ TEST_F(ReportMenu, AFailedReportShowsAndPrintsOnlyWhatItWrote)
     EXPECT_EQ(std::count(said.begin(), said.end(), " Error opening Log file to read"), 2);
     EXPECT_TRUE(printer().documents().empty());
     EXPECT_EQ(read("REPORT.TXT"), "old report\r\n");
-    // The daily log opens its two files before the log, so they are new and empty: the viewer shows
+    // The daily log opens its two files before the log, so both are new and empty: the viewer shows
     // the heading alone.
     ui().answerInputBox("date of the day", "11/20/2026");
     ui().answerInputBox("work group", "A");
     main.mnuDaily.userClick();
     EXPECT_EQ(lastMessage(), " Error opening Log file to read for daily report");
     EXPECT_EQ(read("DAILY.TXT"), "");
+    EXPECT_EQ(read("DAILY.CSV"), "");
     ASSERT_TRUE(viewer().visible());
     EXPECT_EQ(viewer().TextBox1.text(), std::string(LogColumnsHeading) + "\r\n");
 }
