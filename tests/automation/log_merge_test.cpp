@@ -82,6 +82,8 @@ TEST_F(MergeTwoFilesTest, EachCaseComesOutAsTheRulesOrderTheLines)
         {Lines({a8, a8, a10}), Lines({b9, a10, a8}), Lines({a8, b9, a10, a8}), "3 3 4 duplicates"},
         // An empty second input: the first without its repeats and empty lines.
         {Lines({a8, a8, "", a9}), "", Lines({a8, a9}), "4 0 2 duplicates"},
+        // A file merged with itself gives each line once.
+        {Lines({a8, b9, a10}), Lines({a8, b9, a10}), Lines({a8, b9, a10}), "3 3 3 duplicates"},
         // Behind its third comma the line has only a blank: no order against b9 exists, and the line
         // goes out as soon as it is in hand. Both keys empty: line 1 first.
         {Lines({a8, noKey, a10}), Lines({b9}), Lines({a8, noKey, b9, a10}), "3 1 4"},
