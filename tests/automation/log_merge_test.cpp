@@ -1,6 +1,5 @@
-// The log merge: two logs merged case by case, the option text, the network run over station
-// directories on this machine with every file checked afterwards, and the leftovers of a run that
-// stopped half-way, which the next run finishes without losing a line or merging one twice.
+// The log merge: two logs case by case, the option text, the network run over station directories
+// on this machine, and a run stopped half-way, which the next run finishes without losing a line.
 #include "automation/log_merge.h"
 #include "automation/log_merge_journal.h"
 #include "automation/log_merge_rule.h"
@@ -34,7 +33,6 @@ const std::string s1 = LogLineAt("Poe, Ed", "03-14-2026", "07:00:00"),
 class MergeTwoFilesTest : public StationTest
 {
 protected:
-    // Merges IN1 and IN2 into OUT; the output.
     std::string merge(const std::string& in1, const std::string& in2)
     {
         write("IN1.TXT", in1);
@@ -167,6 +165,13 @@ protected:
 
     std::string station(const std::string& name) const { return stations_.path() + "/" + name; }
     std::string stationFile(const std::string& name) const { return ReadTextFile(station(name)); }
+    // The files refuse `op` on the paths that end in `suffix`.
+    void refuse(const std::string& op, const std::string& suffix)
+    {
+        files.before = [op, suffix](const std::string& o, const std::string& p) {
+            return !(o == op && p.ends_with(suffix));
+        };
+    }
     // No journal and no output of a merge is left in the server's directory.
     void expectNoLeftovers()
     {
@@ -229,10 +234,7 @@ TEST_F(NetworkMerge, AMergeThatWroteNothingRestoresTheOldLogAndLeavesTheStationA
     app_->LogSortDefaults = "/c";
     write("log.txt", Lines({s1}));
     WriteTextFile(station("st1/Log.txt"), Lines({a8}));
-    // The output is begun, but its lines cannot be written.
-    files.before = [](const std::string& op, const std::string& p) {
-        return !(op == "write" && p.ends_with(LogMergeJournal::MergedName));
-    };
+    refuse("write", LogMergeJournal::MergedName); // the output is begun, but its lines cannot be written
     RunLogMerge(*app_);
     EXPECT_EQ(prompts().at(0), " The sort did not produce a log.txt file, so will revert to old one.");
     EXPECT_EQ(read("log.txt"), Lines({s1}));
@@ -270,9 +272,7 @@ TEST_F(NetworkMerge, AnOutputPromisedButNotYetInPlaceIsPutThereAndItsStationOnly
     WriteTextFile(station("st1/Log.txt"), Lines({a8}));
     WriteTextFile(station("st2/Log.txt"), Lines({b830}));
     // The run stops where the merged output of st1 is promised in the journal but not yet renamed.
-    files.before = [](const std::string& op, const std::string& p) {
-        return !(op == "rename" && p.ends_with(LogMergeJournal::MergedName));
-    };
+    refuse("rename", LogMergeJournal::MergedName);
     RunLogMerge(*app_);
     EXPECT_EQ(prompts().at(0), "LogSort stopped: could not rename .log.txt.merged");
     EXPECT_FALSE(exists("log.txt"));
@@ -306,9 +306,7 @@ TEST_F(NetworkMerge, ADrainCutShortGoesOnWhereTheHistoryEnds)
     WriteTextFile(station("st1/LogHist.txt"), "old\r\n");
     const std::string taken = Lines({a8}) + a9; // its last line cut short
     WriteTextFile(station("st1/Log.txt"), taken);
-    files.before = [](const std::string& op, const std::string& p) {
-        return !(op == "append" && p.ends_with("LogHist.txt"));
-    };
+    refuse("append", "LogHist.txt");
     RunLogMerge(*app_);
     EXPECT_EQ(prompts().at(0), "LogSort stopped: could not append to " + station("st1") + "/LogHist.txt");
     // What a killed append leaves: the first bytes of the lines.
