@@ -1,5 +1,6 @@
 #include "admin/field_text.h"
 
+#include "data/blanks.h"
 #include "data/number_text.h"
 #include "platform/text_encoding.h"
 
@@ -7,10 +8,7 @@ namespace zandolt {
 
 std::string Trimmed(const std::string& text)
 {
-    const size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return std::string(TrimBlanks(text));
 }
 
 bool IsBlank(const std::string& text)

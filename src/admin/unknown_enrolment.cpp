@@ -1,5 +1,6 @@
 #include "admin/unknown_enrolment.h"
 
+#include "admin/field_text.h"
 #include "app.h"
 #include "data/dates.h"
 #include "data/names_file.h"
@@ -13,14 +14,6 @@ namespace zandolt {
 const char* const NewNamePrompt = "Please enter your name (Ana Weller).\nThen press the enter key.";
 
 namespace {
-
-std::string trimBlanks(const std::string& s)
-{
-    const size_t b = s.find_first_not_of(' ');
-    if (b == std::string::npos)
-        return {};
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
 
 bool nameInUse(const App& app, const std::string& name)
 {
@@ -61,11 +54,11 @@ NameParts SplitNameAnswer(const std::string& answer, TextEncoding file)
 {
     std::string t = answer;
     MakeStorable(t, file);
-    t = trimBlanks(t);
+    t = Trimmed(t);
     const size_t blank = t.rfind(' ');
     if (blank == std::string::npos)
         return {"", t};
-    return {trimBlanks(t.substr(0, blank)), trimBlanks(t.substr(blank + 1))};
+    return {Trimmed(t.substr(0, blank)), Trimmed(t.substr(blank + 1))};
 }
 
 int AddUnknownEmployee(App& app, const std::string& typedBadge)
@@ -87,8 +80,8 @@ int AddUnknownEmployee(App& app, const std::string& typedBadge)
         }
         n = SplitNameAnswer(answer, app.NamesEncoding);
     }
-    n.first = trimBlanks(n.first);
-    n.last = trimBlanks(n.last);
+    n.first = Trimmed(n.first);
+    n.last = Trimmed(n.last);
     // The first message names the badge's own name: the typed one isn't taken yet.
     if (n.first.empty()) {
         app.ui.msgBox("No first name found in " + name, msgbox::OKOnly, "");

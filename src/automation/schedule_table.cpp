@@ -1,5 +1,6 @@
 #include "automation/schedule_table.h"
 
+#include "data/blanks.h"
 #include "data/dates.h"
 #include "data/number_text.h"
 
@@ -42,14 +43,6 @@ constexpr int KindCount = static_cast<int>(sizeof Kinds / sizeof Kinds[0]);
 // The day words in bit order; the editor writes them with these capitals.
 constexpr const char* DayCodes[] = {"Mo", "Tu", "We", "Th", "Fr", "Sa", "Su", "Fi", "La"};
 
-std::string_view trimBlanks(std::string_view s)
-{
-    const size_t b = s.find_first_not_of(' ');
-    if (b == std::string_view::npos)
-        return {};
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
-
 std::string lowered(std::string_view s)
 {
     std::string out(s);
@@ -66,8 +59,8 @@ bool cutWord(std::string_view& rest, std::string_view& word)
     const size_t blank = rest.find(' ');
     if (blank == std::string_view::npos)
         return false;
-    word = trimBlanks(rest.substr(0, blank));
-    rest = trimBlanks(rest.substr(blank + 1));
+    word = TrimBlanks(rest.substr(0, blank));
+    rest = TrimBlanks(rest.substr(blank + 1));
     return true;
 }
 
@@ -104,7 +97,7 @@ std::optional<long long> readTimeText(std::string_view text)
     }
     if (digits == 0 || count < 1)
         return std::nullopt;
-    const std::string suffix = lowered(trimBlanks(text.substr(i)));
+    const std::string suffix = lowered(TrimBlanks(text.substr(i)));
     int hour = parts[0];
     if (suffix == "pm" && hour < 12)
         hour += 12;
@@ -182,7 +175,7 @@ ScheduleReadEnd ReadScheduleText(std::string_view text, ScheduleTable& table, Lo
             return false;
         }
         ScheduleEntry& e = table.Sched[static_cast<size_t>(++table.SchedLastIndex)];
-        std::string_view rest = trimBlanks(raw);
+        std::string_view rest = TrimBlanks(raw);
         if (rest.empty() || rest.front() == ';') {
             e.SchedCommentLine = rest.empty() ? ";" : std::string(rest);
             return true;
@@ -296,10 +289,10 @@ std::string RenderSchedule(const ScheduleTable& table, Locale& locale)
         }
         text += line + "\r\n";
     }
-    text = std::string(trimBlanks(text));
+    text = std::string(TrimBlanks(text));
     if (text.size() >= 4 && text.back() == ';') {
         text.pop_back();
-        text = std::string(trimBlanks(text));
+        text = std::string(TrimBlanks(text));
     }
     return text;
 }

@@ -39,12 +39,4 @@ bool StationReachable(Files& files, const std::string& directory)
     return std::any_of(entries.begin(), entries.end(), [](const DirEntry& e) { return !e.isDirectory; });
 }
 
-std::string_view TrimBlanks(std::string_view text)
-{
-    const size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 } // namespace zandolt

@@ -3,6 +3,8 @@
 // station is reachable at all.
 #pragma once
 
+#include "data/blanks.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,8 +27,5 @@ std::string StationFile(const std::string& directory, const char* name);
 // A station is reachable when its directory lists at least one file. A directory that is missing,
 // may not be read, or holds nothing but directories counts as not reachable.
 bool StationReachable(Files& files, const std::string& directory);
-
-// The text without the blanks around it.
-std::string_view TrimBlanks(std::string_view text);
 
 } // namespace zandolt

@@ -1,6 +1,7 @@
 #include "automation/tag_printing.h"
 
 #include "app.h"
+#include "data/blanks.h"
 #include "data/text_lines.h"
 #include "station_windows.h"
 
@@ -9,14 +10,6 @@
 namespace zandolt {
 
 namespace {
-
-std::string trimBlanks(const std::string& s)
-{
-    const size_t b = s.find_first_not_of(' ');
-    if (b == std::string::npos)
-        return {};
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
 
 std::string timeAndDate(App& app)
 {
@@ -34,7 +27,7 @@ std::string FillTagTemplateLine(const std::string& line, const std::string& time
                                         std::pair<const char*, const std::string&>{"---name---", name}}) {
         const size_t p = line.find(marker);
         if (p != std::string::npos)
-            return trimBlanks(line.substr(0, p)) + value + line.substr(p + 10);
+            return std::string(TrimBlanks(line.substr(0, p))) + value + line.substr(p + 10);
     }
     return line;
 }

@@ -1,6 +1,7 @@
 #include "data/dates.h"
 
 #include "app.h"
+#include "data/blanks.h"
 #include "data/number_text.h"
 #include "data/numeric_prefix.h"
 
@@ -25,14 +26,6 @@ YearMonthDay civilFromDays(long long z)
     const int d = static_cast<int>(doy - (153 * mp + 2) / 5 + 1);
     const int m = static_cast<int>(mp < 10 ? mp + 3 : mp - 9);
     return {static_cast<int>(yoe + era * 400 + (m <= 2 ? 1 : 0)), m, d};
-}
-
-std::string_view trimBlanks(std::string_view s)
-{
-    const size_t b = s.find_first_not_of(' ');
-    if (b == std::string_view::npos)
-        return {};
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
 }
 
 // The first of the separators that the text holds, taken in the order given, or npos.
@@ -63,7 +56,7 @@ Date readDate(std::string_view text, std::string_view separators, int presentYea
     size_t p = findSeparator(text, separators);
     if (p == std::string_view::npos || p < 1)
         return 0;
-    const std::string_view monthText = trimBlanks(text.substr(0, p));
+    const std::string_view monthText = TrimBlanks(text.substr(0, p));
     if (monthText.empty())
         return 0;
     text.remove_prefix(p + 1);
@@ -71,10 +64,10 @@ Date readDate(std::string_view text, std::string_view separators, int presentYea
     p = findSeparator(text, separators);
     if (p == std::string_view::npos || p < 1)
         return 0;
-    const std::string_view dayText = trimBlanks(text.substr(0, p));
+    const std::string_view dayText = TrimBlanks(text.substr(0, p));
     if (dayText.empty())
         return 0;
-    const std::string_view yearText = trimBlanks(text.substr(p + 1));
+    const std::string_view yearText = TrimBlanks(text.substr(p + 1));
     if (yearText.empty())
         return 0;
 

@@ -1,6 +1,7 @@
 #include "data/settings_file.h"
 
 #include "app.h"
+#include "data/blanks.h"
 #include "data/ini_items.h"
 #include "data/number_text.h"
 #include "data/strings.h"
@@ -95,20 +96,12 @@ const IniLine Lines[] = {
 
 const char* const StockUnknownIdMessage = "Sorry your ID was not found.  Please contact your supervisor.";
 
-std::string trimmed(const std::string& s)
-{
-    const size_t b = s.find_first_not_of(' ');
-    if (b == std::string::npos)
-        return {};
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
-
 // Step one of every read: the program directory, the fixed values, the defaults and the paths
 // that do not depend on the file. The lines 6, 9 to 11, 23 to 26, 28, 29, 43 and 46 to 49 get no
 // default here, so that a second read of a file without them keeps what the first one found.
 void setDefaults(App& app)
 {
-    app.AppDir = trimmed(app.files.currentDirectory()) + "/";
+    app.AppDir = std::string(TrimBlanks(app.files.currentDirectory())) + "/";
 
     app.VersionText = "7.12";
     app.BrandIndex = 1;
@@ -199,7 +192,7 @@ void normalise(App& app)
         if (*flag != 0)
             *flag = True;
     for (std::string* dir : {&app.NamesDir, &app.LogDir, &app.ReportTxtDir, &app.ReportCsvDir})
-        if (trimmed(*dir).empty())
+        if (TrimBlanks(*dir).empty())
             *dir = app.AppDir;
     buildPaths(app);
     app.EmailAttachments = static_cast<int16>(app.EmailAttachments & 7);
@@ -209,9 +202,9 @@ void normalise(App& app)
         app.SecondsToRetest = 0;
     if (app.SecondsToRetest > 30)
         app.SecondsToRetest = 30;
-    if (trimmed(app.UnknownIdMessage).empty())
+    if (TrimBlanks(app.UnknownIdMessage).empty())
         app.UnknownIdMessage = LoadResString(app, 158);
-    if (trimmed(app.UnknownIdMessage).empty())
+    if (TrimBlanks(app.UnknownIdMessage).empty())
         app.UnknownIdMessage = StockUnknownIdMessage;
     DeriveSelectionSwitches(app);
 }
@@ -284,7 +277,7 @@ void DeriveSelectionSwitches(App& app)
 
 std::string IniFilePath(App& app)
 {
-    return trimmed(app.files.currentDirectory()) + "/ZANDOLT.INI";
+    return std::string(TrimBlanks(app.files.currentDirectory())) + "/ZANDOLT.INI";
 }
 
 void ReadIniFile(App& app)

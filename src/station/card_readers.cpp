@@ -2,6 +2,7 @@
 
 #include "admin/unknown_enrolment.h"
 #include "app.h"
+#include "data/blanks.h"
 #include "data/number_text.h"
 #include "platform/text_encoding.h"
 #include "station/err_msg_frm.h"
@@ -25,9 +26,7 @@ bool endsLine(const std::string& s)
 // (its line end) removed.
 std::string cleanLine(const std::string& s)
 {
-    size_t b = s.find_first_not_of(' ');
-    size_t e = s.find_last_not_of(' ');
-    std::string t = b == std::string::npos ? std::string() : s.substr(b, e - b + 1);
+    std::string t(TrimBlanks(s));
     for (int i = 0; i < 2 && !t.empty() && static_cast<unsigned char>(t.back()) < 34; ++i)
         t.pop_back();
     return t;
