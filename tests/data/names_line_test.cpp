@@ -4,6 +4,7 @@
 #include "data/dates.h"
 #include "data/line_fields.h"
 #include "platform/headless/fixed_locale.h"
+#include "support/field_rule.h"
 
 #include <gtest/gtest.h>
 
@@ -27,30 +28,15 @@ struct Field
     bool operator==(const Field&) const = default;
 };
 
-std::string trimmed(std::string s)
-{
-    const size_t b = s.find_first_not_of(' ');
-    if (b == std::string::npos)
-        return {};
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
-
-// The rule written plainly: the first comma of the remainder ends the field, unless it is the
-// remainder's first character or there is none; then the whole remainder is the last field.
-std::vector<Field> plainFields(const std::string& line)
+// The plain rule, with whether nothing is left of the line behind each field.
+std::vector<Field> plainFields(std::string_view line)
 {
     std::vector<Field> fields;
-    size_t pos = 0;
-    for (;;) {
-        const std::string rest = line.substr(pos);
-        const size_t comma = rest.find(',');
-        if (comma == std::string::npos || comma == 0) {
-            fields.push_back({trimmed(rest), true, true});
-            return fields;
-        }
-        pos += comma + 1;
-        fields.push_back({trimmed(rest.substr(0, comma)), false, pos == line.size()});
+    for (testing::RuleField f{{}, false}; !f.last;) {
+        f = testing::TakeField(line);
+        fields.push_back({std::string(f.text), f.last, line.empty()});
     }
+    return fields;
 }
 
 // The fields up to the line's last, but no more than `most`, each with whether the line is done.

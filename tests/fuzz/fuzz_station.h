@@ -8,6 +8,7 @@
 #include "platform/headless/headless_backend.h"
 #include "platform/qt/qt_clock_locale.h"
 #include "station/name_form.h"
+#include "support/field_rule.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -212,3 +213,4 @@ inline std::vector<qt::QtLocale> QtLocales(std::span<const char* const> names)
 // Each includer is a target's only source.
 using namespace zandolt;
 using namespace zandolt::fuzz;
+using namespace zandolt::testing;

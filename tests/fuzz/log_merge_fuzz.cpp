@@ -3,7 +3,6 @@
 // of the line written just before, which go and are counted as duplicates.
 #include "automation/log_merge.h"
 #include "automation/log_merge_rule.h"
-#include "field_rule.h"
 #include "fuzz_station.h"
 
 #include <map>

@@ -1,7 +1,6 @@
 // The test log read by both record readers, through a file that hands out its bytes in pieces of
 // the size the input's first byte asks for (0: all at once). Each reader must give the records that
 // the plain rule it stands for gives over the whole text.
-#include "field_rule.h"
 #include "fuzz_station.h"
 #include "reports/log_scan.h"
 

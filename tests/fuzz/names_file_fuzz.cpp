@@ -4,7 +4,6 @@
 // date more than 30 years back, which every read moves a hundred years on.
 #include "data/dates.h"
 #include "data/number_text.h"
-#include "field_rule.h"
 #include "fuzz_station.h"
 
 namespace {

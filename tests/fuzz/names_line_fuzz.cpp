@@ -2,7 +2,6 @@
 // agree field by field with the plain rule it stands for.
 #include "data/dates.h"
 #include "data/names_line.h"
-#include "field_rule.h"
 #include "fuzz_station.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

@@ -1,12 +1,12 @@
 // The plain rules of the data files' lines and fields, written for clarity rather than speed,
-// against which the targets hold the fast readers.
+// against which the tests and the fuzz targets hold the fast readers.
 #pragma once
 
 #include <algorithm>
 #include <string_view>
 #include <vector>
 
-namespace zandolt::fuzz {
+namespace zandolt::testing {
 
 inline std::string_view TrimBlanks(std::string_view s)
 {
@@ -49,4 +49,4 @@ inline RuleField TakeField(std::string_view& rest)
     return f;
 }
 
-} // namespace zandolt::fuzz
+} // namespace zandolt::testing
