@@ -59,6 +59,14 @@ void DispForm::ShowMacroButton()
     CloseBut.move(shown ? 3390 : PrintViaMacroBut.left(), CloseBut.top(), CloseBut.width(), CloseBut.height());
 }
 
+void DispForm::SetUpView(const std::string& title, double fontSize)
+{
+    ShowMacroButton();
+    setCaption(title);
+    TextBox1.setFontName(app_.PrinterFontName);
+    TextBox1.setFontSize(fontSize);
+}
+
 void DispForm::Form_Load()
 {
     ShowMacroButton();
@@ -110,10 +118,7 @@ void ShowInViewer(App& app, const std::string& title, const std::string& hook, c
     app.ReportMacroName = hook;
     DispForm& f = app.dispForm();
     f.Load();
-    f.ShowMacroButton();
-    f.setCaption(title);
-    f.TextBox1.setFontName(app.PrinterFontName);
-    f.TextBox1.setFontSize(fontSize);
+    f.SetUpView(title, fontSize);
     f.TextBox1.setText(text);
     f.ShowModal();
 }

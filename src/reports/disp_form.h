@@ -23,6 +23,9 @@ public:
     // Shows the print-via-macro button only when the report on view has a batch file and the
     // program directory holds it.
     void ShowMacroButton();
+    // A view of a report, once the window is loaded: its macro button, its title, and the text in
+    // the printer's font at `fontSize`.
+    void SetUpView(const std::string& title, double fontSize);
 
 protected:
     void design() override;

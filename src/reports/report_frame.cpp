@@ -224,10 +224,7 @@ void ShowInViewer(App& app, const ViewerRequest& request)
     app.ReportMacroName = request.hook;
     DispForm& f = app.dispForm();
     f.Show();
-    f.ShowMacroButton();
-    f.setCaption(request.title);
-    f.TextBox1.setFontName(app.PrinterFontName);
-    f.TextBox1.setFontSize(request.viewerFontSize);
+    f.SetUpView(request.title, request.viewerFontSize);
     app.printer.setFontSize(request.printerFontSize);
     if (request.landscape)
         app.printer.setLandscape(true);
