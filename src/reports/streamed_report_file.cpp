@@ -4,10 +4,7 @@
 
 namespace zandolt {
 
-StreamedReportFile::StreamedReportFile(Files& files, const std::string& path) : files_(files), path_(path)
-{
-    text_.reserve(PieceSize + 4096);
-}
+StreamedReportFile::StreamedReportFile(Files& files, const std::string& path) : files_(files), path_(path) {}
 
 StreamedReportFile::~StreamedReportFile() = default;
 

@@ -50,6 +50,7 @@ public:
     bool placed() const { return placed_; }
 
 private:
+    // The text grows to a piece as the report does: a report of a few lines never takes a MiB.
     static constexpr std::size_t PieceSize = 1 << 20;
     void flush();
 

@@ -1,5 +1,6 @@
 #include "platform/system/posix_files.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -493,12 +494,13 @@ bool PosixFiles::copy(const std::string& from, const std::string& to)
     Replacement out(*this, followLinks(resolve(to)));
     if (out.open() != FileResult::Ok)
         return false;
-    // Large pieces, whatever the size of the file: a log of years is copied with little memory. The
-    // buffer is not cleared first, which would cost a small file's copy more than the copy itself.
-    constexpr size_t PieceSize = 1 << 20;
-    const auto piece = std::make_unique_for_overwrite<char[]>(PieceSize);
+    // Pieces of up to 1 MiB: a log of years is copied with little memory, and a small file's copy
+    // takes a buffer of its own size. The buffer is not cleared first, which would cost a small
+    // file's copy more than the copy itself.
+    const size_t pieceSize = std::min<size_t>(1 << 20, static_cast<size_t>(std::max<off_t>(src.st_size, 0)) + 1);
+    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
     for (;;) {
-        const std::int64_t n = in->read(piece.get(), PieceSize);
+        const std::int64_t n = in->read(piece.get(), pieceSize);
         if (n < 0)
             return false;
         if (n == 0)
