@@ -497,7 +497,7 @@ bool PosixFiles::copy(const std::string& from, const std::string& to)
     // Pieces of up to 1 MiB: a log of years is copied with little memory, and a small file's copy
     // takes a buffer of its own size. The buffer is not cleared first, which would cost a small
     // file's copy more than the copy itself.
-    const size_t pieceSize = std::min<size_t>(1 << 20, static_cast<size_t>(std::max<off_t>(src.st_size, 0)) + 1);
+    const size_t pieceSize = std::min<size_t>(1 << 20, static_cast<size_t>(src.st_size) + 1);
     const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
     for (;;) {
         const std::int64_t n = in->read(piece.get(), pieceSize);
